@@ -21,8 +21,12 @@ std::string LoadText(const jet::Record& record, int column) {
   return text;
 }
 
-jet::Value DateValue(double days) { return days == 0 ? jet::Value(jet::Null{}) : jet::Value(jet::Date{days}); }
+jet::Value DateValue(double days) {
+  return days == 0 ? jet::Value(jet::Null{}) : jet::Value(jet::Date{days});
+}
 
-jet::Value LetterValue(char letter) { return letter == ' ' ? std::string() : std::string(1, letter); }
+jet::Value LetterValue(char letter) {
+  return letter == ' ' ? std::string() : std::string(1, letter);
+}
 
 }  // namespace tarvex::database

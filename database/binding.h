@@ -17,10 +17,11 @@ namespace tarvex::database {
 //
 // int serves Byte, Integer and Long; double serves Date (days since 1899-12-30, 0 = none) and Double; char
 // serves Text(1): ' ' for Null, empty and blank, upper-case otherwise. Text comes trimmed of trailing blanks.
-// A Null reads as 0, false or "". In saving, "" and ' ' are stored as a zero-length text and a date of 0 as Null.
+// A Null reads as 0, false or "". In saving, "" and ' ' are stored as a zero-length text and a date of 0 as
+// Null.
 //
-// Fields that exist once for each round are written with a star in place of the round's prefix: with the prefix
-// "fin_", "*heat" is fin_heat and "un*heat" is unfin_heat.
+// Fields that exist once for each round are written with a star in place of the round's prefix: with the
+// prefix "fin_", "*heat" is fin_heat and "un*heat" is unfin_heat.
 template <class Row>
 struct Binding {
   std::string_view field;
@@ -91,7 +92,8 @@ class BoundFields {
   std::vector<jet::FieldValue> SaveChanges(const Row& old, const Row& row) const {
     std::vector<jet::FieldValue> fields;
     for (size_t i = 0; i < bindings_.size(); ++i) {
-      const bool same = std::visit([&](auto member) { return old.*member == row.*member; }, bindings_[i].member);
+      const bool same =
+          std::visit([&](auto member) { return old.*member == row.*member; }, bindings_[i].member);
       if (!same) fields.push_back({columns_[i], ValueOf(row, i)});
     }
     return fields;

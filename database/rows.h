@@ -29,13 +29,14 @@ Expected<std::vector<Stored<Row>>> LoadAll(const jet::Table& table, const BoundF
   }
 }
 
-// The rows whose first index fields have these values, in the order of the index. Fault::NotFound when the table
-// has no such index.
+// The rows whose first index fields have these values, in the order of the index. Fault::NotFound when the
+// table has no such index.
 template <class Row>
 Expected<std::vector<Stored<Row>>> LoadBy(const jet::Table& table, const BoundFields<Row>& fields,
                                           std::string_view index, std::span<const jet::Value> values) {
   const int position = table.Index(index);
-  if (position < 0) return Status{Fault::NotFound, "table " + table.name() + " has no index " + std::string(index)};
+  if (position < 0)
+    return Status{Fault::NotFound, "table " + table.name() + " has no index " + std::string(index)};
   TRY_ASSIGN(const std::vector<jet::RowId> ids, table.Find(position, values));
   std::vector<Stored<Row>> rows;
   rows.reserve(ids.size());
