@@ -11,8 +11,8 @@
 namespace tarvex::jet {
 namespace {
 
-// Page plan of a blank file: 0 header, 1 global maps, 2 to 5 definitions of the system tables, 6 their maps, 7 to 13
-// the roots of their indexes, then the data pages as rows come.
+// Page plan of a blank file: 0 header, 1 global maps, 2 to 5 definitions of the system tables, 6 their maps,
+// 7 to 13 the roots of their indexes, then the data pages as rows come.
 constexpr PageNumber kMapPage = 6;
 constexpr PageNumber kFirstRoot = 7;
 constexpr PageNumber kFixedPages = 14;
@@ -164,7 +164,8 @@ void WriteGlobalMaps(uint8_t* page) {
   DataPage::Format(page, 1);
   AddEmptyMaps(page, 2);
   uint8_t* bits = page + kPageSize - kMapRowSize + 5;
-  for (PageNumber free = kFixedPages; free < kInlinePages; ++free) bits[free / 8] |= static_cast<uint8_t>(1 << free % 8);
+  for (PageNumber free = kFixedPages; free < kInlinePages; ++free)
+    bits[free / 8] |= static_cast<uint8_t>(1 << free % 8);
 }
 
 constexpr int32_t kTables = 0x0F000001, kDatabases = 0x0F000002, kRelationships = 0x0F000003;
@@ -215,8 +216,8 @@ constexpr RightRow kRights[] = {
     {kRelationships, 0xFFFFF, Principal::Users, true},
 };
 
-Status AddRows(Pager& pager, PageAllocator& allocator, const Header& header, double now, const TableDef& objects,
-               const TableDef& rights) {
+Status AddRows(Pager& pager, PageAllocator& allocator, const Header& header, double now,
+               const TableDef& objects, const TableDef& rights) {
   Table object_table(pager, "MSysObjects", objects);
   TableWriter object_writer(object_table, allocator);
   for (const ObjectRow& row : kObjects) {

@@ -9,7 +9,8 @@
 // compare as byte strings.
 namespace tarvex::jet {
 
-static_assert(std::endian::native == std::endian::little, "byte order of the file and the machine must agree");
+static_assert(std::endian::native == std::endian::little,
+              "byte order of the file and the machine must agree");
 
 template <class T>
 T Load(const uint8_t* at) {
@@ -25,8 +26,12 @@ void Store(uint8_t* at, std::type_identity_t<T> value) {
   std::memcpy(at, &value, sizeof value);
 }
 
-inline uint16_t Load16(const uint8_t* at) { return Load<uint16_t>(at); }
-inline uint32_t Load32(const uint8_t* at) { return Load<uint32_t>(at); }
+inline uint16_t Load16(const uint8_t* at) {
+  return Load<uint16_t>(at);
+}
+inline uint32_t Load32(const uint8_t* at) {
+  return Load<uint32_t>(at);
+}
 
 inline uint32_t LoadBig32(const uint8_t* at) {
   return uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | at[3];

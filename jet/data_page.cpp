@@ -5,9 +5,13 @@
 namespace tarvex::jet {
 namespace {
 
-uint16_t SlotAt(const uint8_t* bytes, int slot) { return Load16(bytes + DataPage::kSlots + 2 * slot); }
+uint16_t SlotAt(const uint8_t* bytes, int slot) {
+  return Load16(bytes + DataPage::kSlots + 2 * slot);
+}
 
-void SetSlot(uint8_t* bytes, int slot, uint16_t value) { Store<uint16_t>(bytes + DataPage::kSlots + 2 * slot, value); }
+void SetSlot(uint8_t* bytes, int slot, uint16_t value) {
+  Store<uint16_t>(bytes + DataPage::kSlots + 2 * slot, value);
+}
 
 size_t LowestRow(const uint8_t* bytes) {
   const int slots = Load16(bytes + 12);
@@ -78,7 +82,8 @@ uint8_t* DataPage::Resize(uint8_t* bytes, int slot, size_t size) {
   std::memcpy(bytes + new_begin, row, kept);
   for (int i = slot; i < slots; ++i) {
     const uint16_t old = SlotAt(bytes, i);
-    SetSlot(bytes, i, static_cast<uint16_t>((old & ~kOffset) | static_cast<uint16_t>((old & kOffset) + shift)));
+    SetSlot(bytes, i,
+            static_cast<uint16_t>((old & ~kOffset) | static_cast<uint16_t>((old & kOffset) + shift)));
   }
   UpdateFree(bytes);
   return bytes + new_begin;

@@ -34,6 +34,7 @@ Expected<std::unique_ptr<Database>> Database::Create(FileSystem& files, const st
   if (Status status = fill(); !status.ok()) {
     database.reset();
     (void)files.Remove(path);
+    if (const std::string journal = Journal::PathFor(path); files.Exists(journal)) (void)files.Remove(journal);
     return status;
   }
   return database;
@@ -65,8 +66,11 @@ Expected<Table*> Database::TableAt(PageNumber page, const std::string& name) {
 }
 
 Expected<TableWriter*> Database::WriterFor(Table& table) {
-  OpenTable& open = tables_[table.def().page];
-  if (open.table.get() != &table) return Status{Fault::Invalid, "table " + table.name() + " is not open"};
+  const auto found = tables_.find(table.def().page);
+  if (found == tables_.end() || found->second.table.get() != &table) {
+    return Status{Fault::Invalid, "table " + table.name() + " is not open"};
+  }
+  OpenTable& open = found->second;
   if (!open.writer) open.writer = std::make_unique<TableWriter>(table, *allocator_);
   return open.writer.get();
 }
@@ -76,7 +80,8 @@ Expected<std::vector<CatalogEntry>> Database::Catalog() {
   const int id = objects->Column("Id"), parent = objects->Column("ParentId"), name = objects->Column("Name"),
             type = objects->Column("Type"), flags = objects->Column("Flags");
   if (std::min({id, parent, name, type, flags}) < 0) {
-    return Status{Fault::Corrupt, "page " + std::to_string(objects->def().page) + ": the catalogue lacks a field"};
+    return Status{Fault::Corrupt,
+                  "page " + std::to_string(objects->def().page) + ": the catalogue lacks a field"};
   }
   std::vector<CatalogEntry> entries;
   TableScan scan = objects->Scan();
@@ -107,7 +112,8 @@ Expected<std::vector<std::string>> Database::TableNames() {
 
 Expected<Table*> Database::FindTable(std::string_view name) {
   const std::string upper = Upper(name);
-  if (const auto found = pages_.find(upper); found != pages_.end()) return TableAt(found->second, std::string(name));
+  if (const auto found = pages_.find(upper); found != pages_.end())
+    return TableAt(found->second, std::string(name));
   TRY_ASSIGN(const auto entries, Catalog());
   for (const CatalogEntry& entry : entries) {
     if (!entry.is_table() || Upper(entry.name) != upper) continue;
@@ -125,10 +131,21 @@ Expected<std::unique_ptr<Transaction>> Database::Begin(const CommandName& name, 
   return std::unique_ptr<Transaction>(new Transaction(*this, now));
 }
 
-// Definitions may be those of an undone change: they are read again when next asked for.
+// Definitions may be those of an undone change: they are read again. Tables that are no more stay in memory,
+// for somebody may hold them, but take no rows.
 void Database::Forget() {
-  tables_.clear();
   pages_.clear();
+  for (auto open = tables_.begin(); open != tables_.end();) {
+    open->second.writer.reset();
+    auto def = ReadTableDef(*pager_, open->first);
+    if (def.ok()) {
+      open->second.table->def_ = std::move(*def);
+      ++open;
+    } else {
+      retired_.push_back(std::move(open->second.table));
+      open = tables_.erase(open);
+    }
+  }
 }
 
 Transaction::~Transaction() {
@@ -144,7 +161,7 @@ Expected<TableWriter::Inserted> Transaction::Insert(Table& table, std::span<cons
   if (inserted.ok()) {
     Release(savepoint);
   } else {
-    TRY(RollbackTo(savepoint));
+    TRY(database_.pager_->RollbackTo(savepoint));
   }
   return inserted;
 }
@@ -157,7 +174,7 @@ Status Transaction::Update(Table& table, RowId row, std::span<const FieldValue> 
   if (status.ok()) {
     Release(savepoint);
   } else {
-    TRY(RollbackTo(savepoint));
+    TRY(database_.pager_->RollbackTo(savepoint));
   }
   return status;
 }
@@ -172,6 +189,18 @@ Expected<Table*> Transaction::CreateTable(const TableSpec& spec) {
     return Status{Fault::Exists, "table " + spec.name + " exists already"};
   }
   changed_definitions_ = true;
+  const int savepoint = Savepoint();
+  auto table = AddTable(spec);
+  if (table.ok()) {
+    Release(savepoint);
+  } else {
+    TRY(RollbackTo(savepoint));
+  }
+  return table;
+}
+
+// The pages of a table and its rows in the catalogue.
+Expected<Table*> Transaction::AddTable(const TableSpec& spec) {
   Schema schema(*database_.pager_, *database_.allocator_);
   TRY_ASSIGN(const TableDef def, schema.NewTable(spec));
   std::vector<std::string> texts;
@@ -192,12 +221,14 @@ Expected<Table*> Transaction::CreateTable(const TableSpec& spec) {
   };
   if (!texts.empty()) row.push_back({objects->Column("LvProp"), AllowZeroLengthProperties(texts)});
   TRY(Insert(*objects, row).status());
-  const std::pair<int32_t, Principal> who[] = {{kOwnerRights, Principal::Admin}, {kUsersRights, Principal::Users}};
+  const std::pair<int32_t, Principal> who[] = {{kOwnerRights, Principal::Admin},
+                                               {kUsersRights, Principal::Users}};
   for (const auto& [mask, principal] : who) {
-    TRY(Insert(*rights, std::vector<FieldValue>{{rights->Column("ObjectId"), static_cast<int32_t>(def.page)},
-                                                {rights->Column("ACM"), mask},
-                                                {rights->Column("SID"), SecurityId(database_.header_, principal)},
-                                                {rights->Column("FInheritable"), false}})
+    TRY(Insert(*rights,
+               std::vector<FieldValue>{{rights->Column("ObjectId"), static_cast<int32_t>(def.page)},
+                                       {rights->Column("ACM"), mask},
+                                       {rights->Column("SID"), SecurityId(database_.header_, principal)},
+                                       {rights->Column("FInheritable"), false}})
             .status());
   }
   return database_.TableAt(def.page, spec.name);
@@ -231,8 +262,9 @@ Status Transaction::Commit() {
 
 Status Transaction::Rollback() {
   is_open_ = false;
+  Status status = database_.pager_->Rollback();
   if (changed_definitions_) database_.Forget();
-  return database_.pager_->Rollback();
+  return status;
 }
 
 }  // namespace tarvex::jet

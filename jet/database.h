@@ -56,8 +56,8 @@ class Transaction;
 // An open JET 4.0 file. One thread; the tables it hands out live as long as it does.
 class Database {
  public:
-  // Makes a blank database; `now` in days since 1899-12-30. Fault::Exists when the file does. On failure no file
-  // is left behind.
+  // Makes a blank database; `now` in days since 1899-12-30. Fault::Exists when the file does. On failure no
+  // file is left behind.
   static Expected<std::unique_ptr<Database>> Create(FileSystem& files, const std::string& path, double now);
   // Faults as FileSystem::Open; Corrupt and Unsupported with the reason in plain words.
   static Expected<std::unique_ptr<Database>> Open(FileSystem& files, const std::string& path, OpenMode mode,
@@ -92,6 +92,7 @@ class Database {
     std::unique_ptr<TableWriter> writer;
   };
   std::map<PageNumber, OpenTable> tables_;
+  std::vector<std::unique_ptr<Table>> retired_;           // whose creation was undone
   std::map<std::string, PageNumber, std::less<>> pages_;  // of tables, by upper-case name
 };
 
@@ -104,8 +105,8 @@ class Transaction {
 
   Database& database() { return database_; }
 
-  // See TableWriter. A refused row (Fault::Duplicate, Invalid, Range) leaves the table as it was; after any other
-  // failure the transaction can only be rolled back.
+  // See TableWriter. A refused row (Fault::Duplicate, Invalid, Range) leaves the table as it was; after any
+  // other failure the transaction can only be rolled back.
   Expected<TableWriter::Inserted> Insert(Table& table, std::span<const FieldValue> fields);
   Status Update(Table& table, RowId row, std::span<const FieldValue> fields);
   Status Delete(Table& table, RowId row);
@@ -126,6 +127,7 @@ class Transaction {
 
  private:
   friend class Database;
+  Expected<Table*> AddTable(const TableSpec& spec);
   Transaction(Database& database, double now) : database_(database), now_(now) {}
 
   Database& database_;

@@ -60,7 +60,9 @@ uint32_t SecurityKey(const uint8_t* unmasked_page, double created) {
   return key;
 }
 
-bool IsPlausibleDate(double days) { return days > -1e6 && days < 3e6; }
+bool IsPlausibleDate(double days) {
+  return days > -1e6 && days < 3e6;
+}
 
 Status CheckKind(std::span<const uint8_t, kPageSize> page) {
   const auto text_at = [&](std::string_view text) {

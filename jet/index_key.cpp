@@ -12,7 +12,9 @@ namespace {
 
 using Key = std::vector<uint8_t>;
 
-void AppendBigEndian(std::span<const uint8_t> little, Key& key) { key.insert(key.end(), little.rbegin(), little.rend()); }
+void AppendBigEndian(std::span<const uint8_t> little, Key& key) {
+  key.insert(key.end(), little.rbegin(), little.rend());
+}
 
 void AppendInteger(std::span<const uint8_t> raw, Key& key) {
   const size_t at = key.size();
@@ -30,8 +32,8 @@ void AppendFloating(std::span<const uint8_t> raw, Key& key) {
   }
 }
 
-// Groups of eight bytes, each followed by 09 while more follow and by its own length at the end. The 09 does not
-// turn over in a descending key.
+// Groups of eight bytes, each followed by 09 while more follow and by its own length at the end. The 09 does
+// not turn over in a descending key.
 void AppendBinary(std::span<const uint8_t> raw, bool ascending, Key& key) {
   const auto turned = [&](uint8_t byte) { return ascending ? byte : static_cast<uint8_t>(~byte); };
   do {
@@ -73,7 +75,8 @@ bool HasKnownKeys(const Column& column) {
   return column.type != ColumnType::Ole && column.type != ColumnType::Internal;
 }
 
-Status AppendColumnKey(const Column& column, bool ascending, bool present, std::span<const uint8_t> raw, Key& key) {
+Status AppendColumnKey(const Column& column, bool ascending, bool present, std::span<const uint8_t> raw,
+                       Key& key) {
   if (!HasKnownKeys(column)) {
     return {Fault::Unsupported, "column " + column.name + " has a collation that is not supported"};
   }
@@ -85,7 +88,8 @@ Status AppendColumnKey(const Column& column, bool ascending, bool present, std::
   key.push_back(ascending ? 0x7F : 0x80);
   const size_t at = key.size();
   const size_t size = FixedSize(column.type, column.length);
-  if (size > 0 && column.type != ColumnType::Binary && column.type != ColumnType::Text && raw.size() != size) {
+  if (size > 0 && column.type != ColumnType::Binary && column.type != ColumnType::Text &&
+      raw.size() != size) {
     return {Fault::Corrupt, "column " + column.name + " has a value of the wrong size"};
   }
   switch (column.type) {

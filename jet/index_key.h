@@ -14,9 +14,9 @@ namespace tarvex::jet {
 bool HasKnownKeys(const Column& column);
 
 // Adds one column's part of an index key, which compares as an unsigned byte string: a null is 00 (FF when
-// descending); anything else 7F (80) and its value's bytes. `raw` holds the stored bytes; for Memo the content
-// itself; for Boolean nothing, the value being `present`.
-// Fault::Corrupt when a text cannot be decoded, Fault::Unsupported when the column has no keys.
+// descending); anything else 7F (80) and its value's bytes. `raw` holds the stored bytes; for Memo the
+// content itself; for Boolean nothing, the value being `present`. Fault::Corrupt when a text cannot be
+// decoded, Fault::Unsupported when the column has no keys.
 Status AppendColumnKey(const Column& column, bool ascending, bool present, std::span<const uint8_t> raw,
                        std::vector<uint8_t>& key);
 

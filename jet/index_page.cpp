@@ -58,7 +58,8 @@ Status IndexPage::Parse(const PageRef& page, IndexPage& into) {
     std::memcpy(&bits, bytes + kMask + at, std::min<size_t>(8, kMaskSize - at));
     while (bits != 0) {
       const size_t end = at * 8 + static_cast<size_t>(std::countr_zero(bits));
-      if (end > kAreaSize || into.count_ >= static_cast<int>(kAreaSize)) return fail("an index entry ends outside");
+      if (end > kAreaSize || into.count_ >= static_cast<int>(kAreaSize))
+        return fail("an index entry ends outside");
       into.ends_[static_cast<size_t>(into.count_++)] = static_cast<uint16_t>(end);
       bits &= bits - 1;
     }
@@ -66,7 +67,8 @@ Status IndexPage::Parse(const PageRef& page, IndexPage& into) {
   if (checked) return Ok();
   const size_t prefix = into.prefix();
   const size_t least = 1 + kRowPart + (into.is_leaf() ? 0 : kChildPart);
-  if (into.count_ > 0 && (into.ends_[0] == 0 || prefix > into.ends_[0])) return fail("the index prefix is wrong");
+  if (into.count_ > 0 && (into.ends_[0] == 0 || prefix > into.ends_[0]))
+    return fail("the index prefix is wrong");
   for (int i = 0; i < into.count_; ++i) {
     if (into.Stored(i).size() + (i > 0 ? prefix : 0) < least) return fail("an index entry is too short");
   }

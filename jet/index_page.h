@@ -15,6 +15,7 @@ namespace tarvex::jet {
 
 // A leaf entry is key + page (3 bytes, big-endian) + slot; a node entry is a copy of the last leaf entry of a
 // child's subtree + the child's page (4 bytes, big-endian). Entries compare as byte strings.
+inline constexpr size_t kLongestKey = 1790;  // so that a node has room for two entries
 inline constexpr size_t kRowPart = 4;
 inline constexpr size_t kChildPart = 4;
 

@@ -22,9 +22,9 @@ Bytes NodeEntry(const Bytes& largest, PageNumber child) {
   return entry;
 }
 
-// Where to cut n entries or children in two, each side with at least one: at `preferred` if both sides then fit
-// on a page, else at the place nearest to the middle where they do. With entries of very different lengths under
-// one long prefix neither half of the bytes nor half of the count need fit.
+// Where to cut n entries or children in two, each side with at least one: at `preferred` if both sides then
+// fit on a page, else at the place nearest to the middle where they do. With entries of very different
+// lengths under one long prefix neither half of the bytes nor half of the count need fit.
 template <class Fits>
 size_t ChooseCut(size_t n, size_t preferred, Fits fits) {
   if (fits(preferred)) return preferred;
@@ -37,7 +37,8 @@ size_t ChooseCut(size_t n, size_t preferred, Fits fits) {
 }
 
 std::vector<Bytes> Slice(const std::vector<Bytes>& entries, size_t from, size_t to) {
-  return {entries.begin() + static_cast<std::ptrdiff_t>(from), entries.begin() + static_cast<std::ptrdiff_t>(to)};
+  return {entries.begin() + static_cast<std::ptrdiff_t>(from),
+          entries.begin() + static_cast<std::ptrdiff_t>(to)};
 }
 
 }  // namespace
@@ -89,7 +90,9 @@ int IndexCursor::CompareHead(std::span<const uint8_t> bytes) const {
   return order != 0 ? order : entry.size() < bytes.size() ? -1 : 0;
 }
 
-bool IndexCursor::BeginsWith(std::span<const uint8_t> bytes) const { return CompareHead(bytes) == 0; }
+bool IndexCursor::BeginsWith(std::span<const uint8_t> bytes) const {
+  return CompareHead(bytes) == 0;
+}
 
 // The leaf where `entry` is or belongs. `path` gets the nodes above it.
 Expected<PageNumber> IndexTree::Descend(std::span<const uint8_t> entry, Path& path) {
@@ -119,8 +122,8 @@ Status IndexTree::Insert(std::span<const uint8_t> entry) {
     return {Fault::Duplicate, "page " + std::to_string(leaf) + ": the index holds this entry already"};
   }
   const bool grows_end = at == page.count();
-  // Larger than all below its ancestors: that happens on the right edge of the tree, where entries are missing
-  // and nothing is to be written, and under nodes with a lone child, which has an entry.
+  // Larger than all below its ancestors: that happens on the right edge of the tree, where entries are
+  // missing and nothing is to be written, and under nodes with a lone child, which has an entry.
   if (grows_end && !path.empty()) TRY(FixLargest(path, Bytes(entry.begin(), entry.end())));
   if (page.TryInsert(writer.mutable_bytes(), at, entry)) return Ok();
   std::vector<Bytes> entries = page.Entries();
@@ -168,12 +171,16 @@ Status IndexTree::Rewrite(PageNumber leaf, Path path, std::vector<Bytes> entries
   }
   // The new page takes the lower half and stands before the old one; appended, it takes the new entry and
   // stands behind.
-  const size_t cut = ChooseCut(entries.size(), appended ? entries.size() - 1 : entries.size() / 2, [&](size_t at) {
-    return IndexPage::Fits(Slice(entries, 0, at), kRowPart) &&
-           IndexPage::Fits(Slice(entries, at, entries.size()), kRowPart);
-  });
+  const size_t cut =
+      ChooseCut(entries.size(), appended ? entries.size() - 1 : entries.size() / 2, [&](size_t at) {
+        return IndexPage::Fits(Slice(entries, 0, at), kRowPart) &&
+               IndexPage::Fits(Slice(entries, at, entries.size()), kRowPart);
+      });
   const std::vector<Bytes> lower = Slice(entries, 0, cut);
   const std::vector<Bytes> upper = Slice(entries, cut, entries.size());
+  if (lower.empty() || !IndexPage::Fits(lower, kRowPart) || !IndexPage::Fits(upper, kRowPart)) {
+    return CorruptPage(leaf, "has index entries that are too long");
+  }
   TRY_ASSIGN(const PageWriter fresh, NewPage(0));
   TRY_ASSIGN(const PageWriter old, pager_.Write(leaf));
   IndexPage::WriteEntries(fresh.mutable_bytes(), appended ? upper : lower, kRowPart);
@@ -181,6 +188,7 @@ Status IndexTree::Rewrite(PageNumber leaf, Path path, std::vector<Bytes> entries
   const PageNumber node = path.back().page;
   const auto place = static_cast<size_t>(path.back().child);
   TRY_ASSIGN(std::vector<Child> children, ChildrenOf(node));
+  if (place >= children.size()) return CorruptPage(node, "lacks a child");
   if (appended) {
     TRY(SetLink(fresh.number(), kPreviousAt, leaf));
     TRY(SetLink(leaf, kNextAt, fresh.number()));
@@ -202,10 +210,14 @@ Expected<PageNumber> IndexTree::PushDownRoot() {
   TRY_ASSIGN(const PageWriter below, NewPage(0));
   std::memcpy(below.mutable_bytes(), root.bytes(), kPageSize);
   TRY_ASSIGN(const Bytes largest, LargestBelow(below.number()));
-  const int level = root.bytes()[26] + 1;
+  const std::vector<Bytes> entries = {NodeEntry(largest, below.number())};
+  if (!IndexPage::Fits(entries, kNodeTail))
+    return CorruptPage(place_.root, "has index entries that are too long");
+  // Other programs leave the level of nodes at 0.
+  const int level = below.bytes()[0] == kIndexLeaf ? 1 : std::max(below.bytes()[26] + 1, 2);
   IndexPage::Format(root.mutable_bytes(), place_.table, level);
   root.ClearChecked();
-  IndexPage::WriteEntries(root.mutable_bytes(), {NodeEntry(largest, below.number())}, kNodeTail);
+  IndexPage::WriteEntries(root.mutable_bytes(), entries, kNodeTail);
   return below.number();
 }
 
@@ -234,6 +246,7 @@ Expected<std::vector<IndexTree::Child>> IndexTree::ChildrenOf(PageNumber node) {
 
 // Writes a node with these children. `path` leads to the node.
 Status IndexTree::WriteNode(Path path, PageNumber node, std::vector<Child> children) {
+  if (children.empty()) return CorruptPage(node, "has no children");
   const bool has_tail = children.size() >= 2;
   if (!has_tail && children[0].largest.empty()) {
     TRY_ASSIGN(children[0].largest, LargestBelow(children[0].page));
@@ -255,7 +268,8 @@ Status IndexTree::SplitNode(Path path, PageNumber node, std::vector<Child> child
     path.push_back({place_.root, 0});
   }
   TRY_ASSIGN(const PageRef ref, pager_.Read(node));
-  const int level = ref.bytes()[26];
+  const int level = std::max<int>(ref.bytes()[26], 1);
+  if (children.size() < 2) return CorruptPage(node, "has index entries that are too long");
   // A node that grows at its end keeps most of its children, so that a growing index has full nodes.
   const bool at_end = Load32(ref.bytes() + kNextAt) == 0 && children.size() > 8;
   std::vector<Bytes> entries;
@@ -270,7 +284,8 @@ Status IndexTree::SplitNode(Path path, PageNumber node, std::vector<Child> child
   const Bytes lower_largest = lower.back().largest;
   TRY_ASSIGN(const PageWriter fresh, NewPage(level));
   TRY(LinkBefore(fresh.number(), node));
-  if (level > 1) {
+  TRY_ASSIGN(const PageRef below, pager_.Read(lower.back().page));
+  if (below.bytes()[0] == kIndexNode) {
     // Nodes are chained under one parent only.
     TRY(SetLink(lower.back().page, kNextAt, 0));
     TRY(SetLink(upper.front().page, kPreviousAt, 0));
@@ -278,6 +293,7 @@ Status IndexTree::SplitNode(Path path, PageNumber node, std::vector<Child> child
   const PageNumber parent = path.back().page;
   const auto place = static_cast<size_t>(path.back().child);
   TRY_ASSIGN(std::vector<Child> siblings, ChildrenOf(parent));
+  if (place >= siblings.size()) return CorruptPage(parent, "lacks a child");
   siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(place), {lower_largest, fresh.number()});
   Path to_fresh = path, to_node = path;
   to_node.back().child += 1;
@@ -326,9 +342,11 @@ Status IndexTree::FixLargest(Path path, const Bytes& largest) {
     TRY(IndexPage::Parse(ref, page));
     const bool is_tail = step.child == page.count();
     if (is_tail) continue;
+    if (page.is_leaf() || step.child > page.count()) return CorruptPage(step.page, "lacks a child");
     const bool is_last = page.tail() == 0 && step.child + 1 == page.count();
     if (page.Compare(step.child, largest) != 0) {
       TRY_ASSIGN(std::vector<Child> children, ChildrenOf(step.page));
+      if (static_cast<size_t>(step.child) >= children.size()) return CorruptPage(step.page, "lacks a child");
       children[static_cast<size_t>(step.child)].largest = largest;
       TRY(WriteNode(path, step.page, std::move(children)));
     }

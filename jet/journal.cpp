@@ -129,7 +129,8 @@ Expected<Journal::Leftover> Journal::FindLeftover(FileSystem& files, const std::
   TRY(file->Read(0, header));
   if (std::memcmp(header.data(), kMagic.data(), kMagic.size()) != 0) return leftover;
   const uint64_t nonce = Load<uint64_t>(&header[8]);
-  if (Load<uint64_t>(&header[kPageSize - 8]) != Checksum({header.data(), kPageSize - 8}, nonce)) return leftover;
+  if (Load<uint64_t>(&header[kPageSize - 8]) != Checksum({header.data(), kPageSize - 8}, nonce))
+    return leftover;
   leftover.page_count = Load32(&header[16]);
   leftover.fingerprint = Load<uint64_t>(&header[20]);
 

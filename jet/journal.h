@@ -19,9 +19,9 @@ struct CommandName {
   std::string user;
 };
 
-// The rollback journal: a file beside the database ("meet.mdb-journal") that holds the first contents of every
-// page that a running transaction has changed. While its header is valid the database is in the middle of a
-// transaction, and putting the pages back returns it to the state before.
+// The rollback journal: a file beside the database ("meet.mdb-journal") that holds the first contents of
+// every page that a running transaction has changed. While its header is valid the database is in the middle
+// of a transaction, and putting the pages back returns it to the state before.
 //
 //   offset size
 //        0    8   "TarvexJ1"; zeros = no transaction is open

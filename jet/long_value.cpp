@@ -17,20 +17,26 @@ Status Walk(Pager& pager, std::span<const uint8_t> raw, Visit visit) {
   const uint32_t kind = Load32(raw.data()) & ~LongValueHeader::kLength;
   size_t left = Load32(raw.data()) & LongValueHeader::kLength;
   if (kind == LongValueHeader::kInline) {
-    if (raw.size() - LongValueHeader::kSize < left) return {Fault::Corrupt, "a long value is shorter than stated"};
+    if (raw.size() - LongValueHeader::kSize < left)
+      return {Fault::Corrupt, "a long value is shorter than stated"};
     return visit(RowId{}, raw.subspan(LongValueHeader::kSize, left));
   }
-  if (kind != LongValueHeader::kSingle && kind != 0) return {Fault::Corrupt, "a long value is of an unknown kind"};
+  if (left > uint64_t{pager.page_count()} * kPageSize)
+    return {Fault::Corrupt, "a long value is longer than the file"};
+  if (kind != LongValueHeader::kSingle && kind != 0)
+    return {Fault::Corrupt, "a long value is of an unknown kind"};
   RowId row = RowId::Unpack(Load32(raw.data() + 4));
   const bool chained = kind == 0;
   while (left > 0) {
     const auto fail = [&](const char* what) {
-      return Status{Fault::Corrupt, "page " + std::to_string(row.page) + " row " + std::to_string(row.slot) + ": " + what};
+      return Status{Fault::Corrupt,
+                    "page " + std::to_string(row.page) + " row " + std::to_string(row.slot) + ": " + what};
     };
     TRY_ASSIGN(const PageRef page, pager.Read(row.page));
     TRY_ASSIGN(const DataPage rows, DataPage::Parse(page));
     if (rows.owner() != DataPage::kLongValueOwner) return fail("is no part of a long value");
-    if (row.slot >= rows.slots() || rows.state(row.slot) != 0) return fail("the long value's row does not exist");
+    if (row.slot >= rows.slots() || rows.state(row.slot) != 0)
+      return fail("the long value's row does not exist");
     std::span<const uint8_t> content = rows.Row(row.slot);
     RowId next{};
     if (chained) {
@@ -47,14 +53,15 @@ Status Walk(Pager& pager, std::span<const uint8_t> raw, Visit visit) {
   return Ok();
 }
 
-// A place for a row of `size` bytes on one of the column's pages. Filled pages drop out of the free-space map.
+// A place for a row of `size` bytes on one of the column's pages. Filled pages drop out of the free-space
+// map.
 Expected<RowId> AddLongValueRow(Pager& pager, PageAllocator& allocator, const LongValueMaps& maps,
                                 std::span<const uint8_t> head, std::span<const uint8_t> content) {
   const size_t size = head.size() + content.size();
   const auto put = [&](const PageWriter& page) -> RowId {
     uint8_t* at = DataPage::AddRow(page.mutable_bytes(), size);
-    std::memcpy(at, head.data(), head.size());
-    std::memcpy(at + head.size(), content.data(), content.size());
+    std::copy(head.begin(), head.end(), at);
+    std::copy(content.begin(), content.end(), at + head.size());
     return {page.number(), static_cast<uint8_t>(Load16(page.bytes() + 12) - 1)};
   };
   const bool has_free_map = maps.free.Pack() != 0;

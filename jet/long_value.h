@@ -12,7 +12,8 @@
 namespace tarvex::jet {
 
 // Memo and OLE content. The row holds a header of 12 bytes:
-//   u32  length in bytes (low 30 bits) and kind: 8000 0000h the content follows here; 4000 0000h it is one row of
+//   u32  length in bytes (low 30 bits) and kind: 8000 0000h the content follows here; 4000 0000h it is one
+//   row of
 //        a long-value page; 0 it is a chain of rows, each u32 rowid of the next (0 = last) + content
 //   u32  rowid of the (first) row, 0 when the content follows
 //   u32  unused

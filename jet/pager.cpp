@@ -10,14 +10,20 @@ namespace tarvex::jet {
 namespace {
 
 // What identifies a database through its life: the part of page 0 that is written once.
-uint64_t Fingerprint(const uint8_t* page0) { return Checksum({page0, 0x98}, 0); }
+uint64_t Fingerprint(const uint8_t* page0) {
+  return Checksum({page0, 0x98}, 0);
+}
 
 constexpr size_t kWriteBuffer = 64 * kPageSize;
 
 }  // namespace
 
 Pager::Pager(FileSystem& files, const std::string& path, OpenMode mode, size_t cache_pages)
-    : files_(files), path_(path), mode_(mode), cache_pages_(std::max<size_t>(cache_pages, 64)), journal_(files, path) {}
+    : files_(files),
+      path_(path),
+      mode_(mode),
+      cache_pages_(std::max<size_t>(cache_pages, 64)),
+      journal_(files, path) {}
 
 Pager::~Pager() {
   if (in_transaction_) (void)Rollback();
@@ -59,14 +65,20 @@ Status Pager::OpenFile() {
 // The state before the interrupted transaction: pages back in place, the file at its old length.
 Status Pager::Recover(Journal::Leftover leftover) {
   std::vector<uint8_t> bytes(kPageSize);
-  // Before its creation is done, a file has no page 0 to know it by.
-  if (leftover.page_count > 0) {
+  // Before its creation is done, a file has no page 0 to know it by: what stands in its place may be another.
+  if (leftover.page_count == 0) {
+    return {Fault::Corrupt, "the creation of the file was interrupted; remove it and " +
+                                Journal::PathFor(path_) +
+                                ", or only the latter if another database was put in its place"};
+  }
+  {
     const auto page0 = leftover.pages.find(0);
     TRY(page0 == leftover.pages.end() ? file_->Read(0, bytes) : leftover.file->Read(page0->second, bytes));
     if (Fingerprint(bytes.data()) != leftover.fingerprint) {
-      return {Fault::Corrupt,
-              "an interrupted change is recorded beside the file in " + Journal::PathFor(path_) +
-                  ", but it belongs to another database; move it away if the database was replaced on purpose"};
+      return {
+          Fault::Corrupt,
+          "an interrupted change is recorded beside the file in " + Journal::PathFor(path_) +
+              ", but it belongs to another database; move it away if the database was replaced on purpose"};
     }
   }
   if (mode_ == OpenMode::Read) {
@@ -177,7 +189,8 @@ Expected<PageWriter> Pager::Write(PageNumber page) {
 
 Expected<PageWriter> Pager::Append() {
   TRY(CheckWritable());
-  if (page_count_ >= kMostPages) return Status{Fault::NoSpace, "the file has reached its greatest size of 2 GiB"};
+  if (page_count_ >= kMostPages)
+    return Status{Fault::NoSpace, "the file has reached its greatest size of 2 GiB"};
   TRY_ASSIGN(Frame * frame, FreeFrame());
   std::memset(frame->bytes, 0, kPageSize);
   frame->number = page_count_;

@@ -13,8 +13,8 @@
 
 namespace tarvex::jet {
 
-// A page in memory. `checked` remembers which structural checks its bytes have passed since they were read, so
-// that a page is checked once and not at every look.
+// A page in memory. `checked` remembers which structural checks its bytes have passed since they were read,
+// so that a page is checked once and not at every look.
 struct Frame {
   PageNumber number = 0;
   uint32_t pins = 0;
@@ -46,7 +46,11 @@ class PageRef {
   explicit operator bool() const { return frame_ != nullptr; }
   PageNumber number() const { return frame_->number; }
   const uint8_t* bytes() const { return frame_->bytes; }
-  std::span<const uint8_t, kPageSize> span() const { return std::span<const uint8_t, kPageSize>(frame_->bytes, kPageSize); }
+  std::span<const uint8_t, kPageSize> span() const {
+    return std::span<const uint8_t, kPageSize>(frame_->bytes, kPageSize);
+  }
+  // Whether others hold the page too.
+  bool IsShared() const { return frame_->pins > 1; }
   bool IsChecked(uint32_t check) const { return (frame_->checked & check) != 0; }
   void SetChecked(uint32_t check) const { frame_->checked |= check; }
 

@@ -10,13 +10,17 @@
 namespace tarvex::jet {
 namespace {
 
-Status Bad(const char* what) { return {Fault::Corrupt, what}; }
+Status Bad(const char* what) {
+  return {Fault::Corrupt, what};
+}
 
 Status TypeMismatch(const Column& column) {
   return {Fault::Invalid, "a value for " + column.name + " has the wrong type"};
 }
 
-Status OutOfRange(const Column& column) { return {Fault::Range, "a value for " + column.name + " is too large"}; }
+Status OutOfRange(const Column& column) {
+  return {Fault::Range, "a value for " + column.name + " is too large"};
+}
 
 template <class T>
 void Append(std::vector<uint8_t>& out, T value) {
@@ -28,7 +32,8 @@ template <class T>
 Status AppendInteger(const Column& column, const Value& value, std::vector<uint8_t>& out) {
   const int32_t* number = std::get_if<int32_t>(&value);
   if (!number) return TypeMismatch(column);
-  if (*number < std::numeric_limits<T>::min() || *number > std::numeric_limits<T>::max()) return OutOfRange(column);
+  if (*number < std::numeric_limits<T>::min() || *number > std::numeric_limits<T>::max())
+    return OutOfRange(column);
   Append<T>(out, static_cast<T>(*number));
   return Ok();
 }
@@ -47,7 +52,8 @@ Expected<RowView> RowView::Parse(const TableDef& def, std::span<const uint8_t> b
   if (bytes.size() < 2 + mask + 4) return Bad("is too short");
   const size_t count_at = bytes.size() - mask - 2;
   row.slots_ = Load16(bytes.data() + count_at);
-  if (row.slots_ > 256 || count_at < 2 + 2 * row.slots_ + 2) return Bad("has a wrong count of variable columns");
+  if (row.slots_ > 256 || count_at < 2 + 2 * row.slots_ + 2)
+    return Bad("has a wrong count of variable columns");
   row.starts_at_ = count_at - 2;
   const size_t end_at = count_at - 2 * row.slots_ - 2;
   size_t previous = 2;
@@ -59,7 +65,9 @@ Expected<RowView> RowView::Parse(const TableDef& def, std::span<const uint8_t> b
   return row;
 }
 
-size_t RowView::SlotStart(size_t k) const { return Load16(bytes_.data() + starts_at_ - 2 * k); }
+size_t RowView::SlotStart(size_t k) const {
+  return Load16(bytes_.data() + starts_at_ - 2 * k);
+}
 
 Expected<std::span<const uint8_t>> RowView::Raw(const Column& column) const {
   if (column.type == ColumnType::Boolean) return std::span<const uint8_t>();
@@ -120,12 +128,14 @@ void RowBuilder::SetNull(const Column& column) {
   }
 }
 
-void RowBuilder::SetBoolean(const Column& column, bool value) { SetBit(column, value); }
+void RowBuilder::SetBoolean(const Column& column, bool value) {
+  SetBit(column, value);
+}
 
 Status RowBuilder::SetRaw(const Column& column, std::span<const uint8_t> bytes) {
   if (column.is_fixed()) {
     if (bytes.size() != FixedSize(column.type, column.length)) return OutOfRange(column);
-    std::memcpy(&fixed_[column.fixed_offset], bytes.data(), bytes.size());
+    std::copy(bytes.begin(), bytes.end(), fixed_.begin() + column.fixed_offset);
   } else {
     Piece& piece = slots_[column.var_slot];
     variable_size_ += bytes.size() - piece.size;
@@ -150,7 +160,7 @@ size_t RowBuilder::size() const {
 
 void RowBuilder::CopyTo(uint8_t* out) const {
   Store<uint16_t>(out, def_->next_column_number);
-  std::memcpy(out + 2, fixed_.data(), fixed_.size());
+  std::copy(fixed_.begin(), fixed_.end(), out + 2);
   uint8_t* const mask = out + size() - mask_.size();
   std::memcpy(mask, mask_.data(), mask_.size());
   if (slots_.empty()) return;

@@ -35,7 +35,8 @@ class RowView {
   bool Has(const Column& column) const {
     return column.number < columns_ && (mask_[column.number / 8] >> (column.number % 8) & 1) != 0;
   }
-  // The stored bytes of a column that Has(); empty for a Boolean. Fault::Corrupt when they lie outside the row.
+  // The stored bytes of a column that Has(); empty for a Boolean. Fault::Corrupt when they lie outside the
+  // row.
   Expected<std::span<const uint8_t>> Raw(const Column& column) const;
 
   size_t columns() const { return columns_; }
@@ -87,12 +88,12 @@ class RowBuilder {
   size_t variable_size_ = 0;
 };
 
-// The bytes that a row stores for a value of a column that is no Boolean, Memo or OLE. Fault::Invalid when the
-// value is of another type, Fault::Range when it does not fit.
+// The bytes that a row stores for a value of a column that is no Boolean, Memo or OLE. Fault::Invalid when
+// the value is of another type, Fault::Range when it does not fit.
 Status EncodeValue(const Column& column, const Value& value, std::vector<uint8_t>& out);
 
-// The value of stored bytes; for Memo and OLE, `raw` is the whole content. Fault::Corrupt when they do not fit
-// the type.
+// The value of stored bytes; for Memo and OLE, `raw` is the whole content. Fault::Corrupt when they do not
+// fit the type.
 Expected<Value> DecodeValue(const Column& column, std::span<const uint8_t> raw);
 
 }  // namespace tarvex::jet

@@ -35,15 +35,20 @@ uint16_t LengthOf(const ColumnSpec& spec) {
 }
 
 bool IsVariable(ColumnType type) {
-  return type == ColumnType::Text || type == ColumnType::Binary || type == ColumnType::Memo || type == ColumnType::Ole;
+  return type == ColumnType::Text || type == ColumnType::Binary || type == ColumnType::Memo ||
+         type == ColumnType::Ole;
 }
 
 Status CheckColumn(const TableDef& def, const ColumnSpec& spec) {
   TRY(CheckName(spec.name));
-  const auto fail = [&](const char* what) { return Status{Fault::Invalid, "column " + spec.name + " " + what}; };
+  const auto fail = [&](const char* what) {
+    return Status{Fault::Invalid, "column " + spec.name + " " + what};
+  };
   if (def.FindColumn(spec.name) >= 0) return fail("is there twice");
-  if (spec.type == ColumnType::Text && (spec.size < 1 || spec.size > 255)) return fail("needs a size of 1 to 255");
-  if (spec.type == ColumnType::Binary && (spec.size < 1 || spec.size > 510)) return fail("needs a size of 1 to 510");
+  if (spec.type == ColumnType::Text && (spec.size < 1 || spec.size > 255))
+    return fail("needs a size of 1 to 255");
+  if (spec.type == ColumnType::Binary && (spec.size < 1 || spec.size > 510))
+    return fail("needs a size of 1 to 510");
   if (spec.type == ColumnType::Internal) return fail("has a type that cannot be made");
   if (spec.is_counter && spec.type != ColumnType::Long) return fail("cannot be a counter");
   if (def.columns.size() >= kMostColumns) return fail("would be the 256th");
@@ -106,6 +111,10 @@ Expected<TableDef> Schema::NewTable(const TableSpec& spec) {
   TableDef def;
   for (const ColumnSpec& column : spec.columns) TRY(AddColumn(def, column));
   if (def.columns.empty()) return Status{Fault::Invalid, "table " + spec.name + " has no columns"};
+  if (RowBuilder(def).size() > kLargestRow) {
+    return Status{Fault::Invalid,
+                  "a row of table " + spec.name + " would be larger than a page even when empty"};
+  }
   {
     TRY_ASSIGN(const PageWriter page, allocator_.Allocate());
     page.mutable_bytes()[0] = kDefinitionPage;
@@ -132,7 +141,9 @@ Expected<TableDef> Schema::NewTable(const TableSpec& spec) {
 // The index's map, root and name; the caller adds the index itself.
 Expected<RealIndex> Schema::NewIndex(TableDef& def, const IndexSpec& spec) {
   TRY(CheckName(spec.name));
-  const auto fail = [&](const char* what) { return Status{Fault::Invalid, "index " + spec.name + " " + what}; };
+  const auto fail = [&](const char* what) {
+    return Status{Fault::Invalid, "index " + spec.name + " " + what};
+  };
   if (def.FindIndex(spec.name) >= 0) return Status{Fault::Exists, "index " + spec.name + " exists already"};
   if (def.indexes.size() >= kMostIndexes) return fail("would be the 33rd");
   if (spec.columns.empty() || spec.columns.size() > kMostIndexColumns) return fail("needs 1 to 10 columns");
@@ -140,7 +151,8 @@ Expected<RealIndex> Schema::NewIndex(TableDef& def, const IndexSpec& spec) {
   for (const std::string& name : spec.columns) {
     const int column = def.FindColumn(name);
     if (column < 0) return fail("names a column that does not exist");
-    if (def.columns[static_cast<size_t>(column)].type == ColumnType::Ole) return fail("cannot be on an OLE column");
+    if (def.columns[static_cast<size_t>(column)].type == ColumnType::Ole)
+      return fail("cannot be on an OLE column");
     index.columns.push_back({column, true});
   }
   if (spec.is_unique || spec.is_primary) index.flags |= RealIndex::kUnique;

@@ -11,8 +11,8 @@ class Schema {
  public:
   Schema(Pager& pager, PageAllocator& allocator) : pager_(pager), allocator_(allocator) {}
 
-  // A definition without rows for `spec`, its maps and the empty roots of its indexes. Fault::Invalid for names,
-  // sizes and counts that the format does not take.
+  // A definition without rows for `spec`, its maps and the empty roots of its indexes. Fault::Invalid for
+  // names, sizes and counts that the format does not take.
   Expected<TableDef> NewTable(const TableSpec& spec);
   // Adds an index over the rows that are there and writes the definition.
   Status AddIndex(Table& table, const IndexSpec& spec);
@@ -27,7 +27,8 @@ class Schema {
   PageAllocator& allocator_;
 };
 
-// Writes the pages of a blank database into an empty file: header, maps, the four system tables and their rows.
+// Writes the pages of a blank database into an empty file: header, maps, the four system tables and their
+// rows.
 Status WriteBlankDatabase(Pager& pager, double now);
 
 // The number of map rows, each empty, added to a formatted map page.

@@ -10,7 +10,8 @@ namespace tarvex::jet {
 namespace {
 
 Status AtRow(RowId row, const Status& status) {
-  return {status.fault, "page " + std::to_string(row.page) + ": row " + std::to_string(row.slot) + " " + status.detail};
+  return {status.fault,
+          "page " + std::to_string(row.page) + ": row " + std::to_string(row.slot) + " " + status.detail};
 }
 
 }  // namespace
@@ -35,7 +36,9 @@ bool Record::IsNull(int column) const {
   return field.type != ColumnType::Boolean && !row_.Has(field);
 }
 
-bool Record::Boolean(int column) const { return row_.Has(table_->def().columns[static_cast<size_t>(column)]); }
+bool Record::Boolean(int column) const {
+  return row_.Has(table_->def().columns[static_cast<size_t>(column)]);
+}
 
 int32_t Record::Long(int column) const {
   switch (table_->def().columns[static_cast<size_t>(column)].type) {
@@ -88,7 +91,8 @@ Expected<Value> Record::Get(int column) const {
   Expected<Value> value = Value(Null{});
   if (field.is_long_value()) {
     auto content = ReadLongValue(table_->pager(), *raw);
-    if (!content.ok()) return AtRow(id_, {content.status().fault, "column " + field.name + ": " + content.status().detail});
+    if (!content.ok())
+      return AtRow(id_, {content.status().fault, "column " + field.name + ": " + content.status().detail});
     value = DecodeValue(field, *content);
   } else {
     value = DecodeValue(field, *raw);
@@ -124,7 +128,8 @@ Expected<bool> TableScan::Next() {
     TRY_ASSIGN(page_, table_->pager().Read(*next));
     TRY_ASSIGN(const DataPage rows, DataPage::Parse(page_));
     if (rows.owner() != table_->def().page) {
-      return Status{Fault::Corrupt, "page " + std::to_string(*next) + ": belongs to another table than " + table_->name()};
+      return Status{Fault::Corrupt,
+                    "page " + std::to_string(*next) + ": belongs to another table than " + table_->name()};
     }
     slot_ = 0;
   }
@@ -160,7 +165,8 @@ Expected<Record> Table::Get(RowId id) const {
       const RowId body = RowId::Unpack(Load32(bytes.data()));
       TRY_ASSIGN(record.page_, pager_->Read(body.page));
       TRY_ASSIGN(rows, DataPage::Parse(record.page_));
-      if (rows.owner() != def_.page || body.slot >= rows.slots() || rows.state(body.slot) != DataPage::kBody) {
+      if (rows.owner() != def_.page || body.slot >= rows.slots() ||
+          rows.state(body.slot) != DataPage::kBody) {
         return fail("points at no row body");
       }
       bytes = rows.Row(body.slot);
@@ -192,7 +198,8 @@ Expected<Bytes> Table::KeyOf(const RealIndex& index, std::span<const Value> valu
       AppendText(*text, raw);
     } else if (present) {
       // A text longer than its field cannot be found, which is no failure.
-      if (Status status = EncodeValue(column, values[i], raw); !status.ok() && status.fault != Fault::Range) return status;
+      if (Status status = EncodeValue(column, values[i], raw); !status.ok() && status.fault != Fault::Range)
+        return status;
     }
     TRY(AppendColumnKey(column, index.columns[i].ascending, present, raw, key));
   }

@@ -83,7 +83,8 @@ class IndexRange {
 // A table for reading.
 class Table {
  public:
-  Table(Pager& pager, std::string name, TableDef def) : pager_(&pager), name_(std::move(name)), def_(std::move(def)) {}
+  Table(Pager& pager, std::string name, TableDef def)
+      : pager_(&pager), name_(std::move(name)), def_(std::move(def)) {}
 
   const std::string& name() const { return name_; }
   const TableDef& def() const { return def_; }
@@ -105,8 +106,8 @@ class Table {
   Expected<std::vector<RowId>> Find(int index, std::span<const Value> values) const;
   // The first of them; Fault::NotFound when there is none.
   Expected<RowId> FindFirst(int index, std::span<const Value> values) const;
-  // From the first row not below `from` to the last not above `to`; both select by the first columns, and none
-  // at all stands for the end of the index.
+  // From the first row not below `from` to the last not above `to`; both select by the first columns, and
+  // none at all stands for the end of the index.
   Expected<IndexRange> Range(int index, std::span<const Value> from, std::span<const Value> to) const;
 
   // The key of the first index columns for these values.
@@ -124,6 +125,7 @@ class Table {
  private:
   friend class TableWriter;
   friend class Schema;
+  friend class Database;
   Pager* pager_;
   std::string name_;
   TableDef def_;

@@ -13,11 +13,14 @@ namespace {
 constexpr uint32_t kColumnMark = 1625;
 constexpr uint32_t kIndexMark = 1923;
 constexpr size_t kPageHead = 8;
-constexpr size_t kStatistics = 12, kDescriptor = 25, kRealIndexSize = 52, kLogicalIndexSize = 28, kMapsSize = 10;
+constexpr size_t kStatistics = 12, kDescriptor = 25, kRealIndexSize = 52, kLogicalIndexSize = 28,
+                 kMapsSize = 10;
 // 255 columns and 32 indexes with the longest names stay well below this.
 constexpr size_t kLongestStream = 128 * 1024;
 
-char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char Upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
 // Reads the stream from front to back; every read is checked against its end.
 class Reader {
@@ -59,11 +62,13 @@ Expected<std::vector<uint8_t>> LoadStream(Pager& pager, PageNumber first, std::v
     };
     TRY_ASSIGN(const PageRef page, pager.Read(number));
     if (page.bytes()[0] != kDefinitionPage) return fail("is not a table definition");
-    if (std::find(pages.begin(), pages.end(), number) != pages.end()) return fail("the definition runs in a loop");
+    if (std::find(pages.begin(), pages.end(), number) != pages.end())
+      return fail("the definition runs in a loop");
     pages.push_back(number);
     if (number == first) {
       length = Load32(page.bytes() + 8);
-      if (length < TableDef::kFixedPart || length > kLongestStream) return fail("the definition's length is wrong");
+      if (length < TableDef::kFixedPart || length > kLongestStream)
+        return fail("the definition's length is wrong");
       stream.assign(page.bytes(), page.bytes() + kPageSize);
     } else {
       stream.insert(stream.end(), page.bytes() + kPageHead, page.bytes() + kPageSize);
@@ -105,12 +110,14 @@ bool IsKnownType(ColumnType type) {
 
 Status CheckColumns(const TableDef& def) {
   const auto fail = [&](const Column& column, const char* what) {
-    return Status{Fault::Corrupt, "page " + std::to_string(def.page) + ": column " + column.name + " " + what};
+    return Status{Fault::Corrupt,
+                  "page " + std::to_string(def.page) + ": column " + column.name + " " + what};
   };
   std::vector<bool> numbers(256), slots(256);
   for (const Column& column : def.columns) {
     if (!IsKnownType(column.type)) return fail(column, "has an unknown type");
-    if (column.number >= def.next_column_number || numbers[column.number]) return fail(column, "has a wrong number");
+    if (column.number >= def.next_column_number || numbers[column.number])
+      return fail(column, "has a wrong number");
     numbers[column.number] = true;
     if (column.is_fixed()) {
       const size_t size = FixedSize(column.type, column.length);
@@ -224,7 +231,8 @@ void WriteLogicalIndex(const LogicalIndex& name, uint8_t* at) {
 }  // namespace
 
 bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Upper(x) == Upper(y); });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Upper(x) == Upper(y); });
 }
 
 int TableDef::FindColumn(std::string_view name) const {
@@ -323,7 +331,8 @@ Expected<TableDef> ReadTableDef(Pager& pager, PageNumber first_page) {
   // 32 indexes are the limit for new ones; relationships of foreign files add names beyond it.
   if (columns > kMostColumns || def.next_column_number > 256 || def.var_slots > 256 || names > 1000 ||
       indexes > 256) {
-    return Status{Fault::Corrupt, "page " + std::to_string(first_page) + ": the table definition's counts are wrong"};
+    return Status{Fault::Corrupt,
+                  "page " + std::to_string(first_page) + ": the table definition's counts are wrong"};
   }
   TRY_ASSIGN(const uint8_t* statistics, reader.Take(indexes * kStatistics));
   TRY_ASSIGN(const uint8_t* descriptors, reader.Take(columns * kDescriptor));

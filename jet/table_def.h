@@ -42,7 +42,7 @@ struct Column {
   static constexpr uint8_t kMayCompress = 0x01;  // an extra flag
 
   bool is_fixed() const { return (flags & kFixed) != 0; }
-  bool is_counter() const { return (flags & kAutoNumber) != 0; }
+  bool is_counter() const { return (flags & kAutoNumber) != 0 && type == ColumnType::Long; }
   bool is_long_value() const { return type == ColumnType::Memo || type == ColumnType::Ole; }
   bool is_text() const { return type == ColumnType::Text || type == ColumnType::Memo; }
 };
@@ -90,8 +90,8 @@ struct LongValueMaps {
   RowId free;
 };
 
-// The definition of a table: a stream over one or more definition pages. Offsets are those of the stream, which
-// begins with the first page's 8-byte header; the headers of later pages are not part of it.
+// The definition of a table: a stream over one or more definition pages. Offsets are those of the stream,
+// which begins with the first page's 8-byte header; the headers of later pages are not part of it.
 //   offset size
 //        8    4   length of the stream
 //       12    4   1625

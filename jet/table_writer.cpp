@@ -39,7 +39,8 @@ Status TableWriter::SetField(const FieldValue& field) {
   const Column& column = def.columns[static_cast<size_t>(field.column)];
   if (column.type == ColumnType::Boolean) {
     const bool* flag = std::get_if<bool>(&field.value);
-    if (!flag && !IsNull(field.value)) return {Fault::Invalid, "a value for " + column.name + " has the wrong type"};
+    if (!flag && !IsNull(field.value))
+      return {Fault::Invalid, "a value for " + column.name + " has the wrong type"};
     builder_.SetBoolean(column, flag && *flag);
     return Ok();
   }
@@ -61,7 +62,8 @@ Status TableWriter::SetField(const FieldValue& field) {
 
 Status TableWriter::CheckSize() const {
   if (builder_.size() <= kLargestRow) return Ok();
-  return {Fault::Range, "a row of " + table_.name() + " would be larger than " + std::to_string(kLargestRow) + " bytes"};
+  return {Fault::Range,
+          "a row of " + table_.name() + " would be larger than " + std::to_string(kLargestRow) + " bytes"};
 }
 
 // The row that the builder holds, as a view over `built_`.
@@ -71,13 +73,17 @@ Expected<RowView> TableWriter::BuiltRow() {
   return RowView::Parse(table_.def(), built_);
 }
 
-// The leaf entry of a row; empty when the index leaves the row out. Fault::Invalid when a required column is null.
+// The leaf entry of a row; empty when the index leaves the row out. Fault::Invalid when a required column is
+// null.
 Expected<Bytes> TableWriter::EntryFor(const RealIndex& index, const RowView& row, RowId id) const {
   TRY_ASSIGN(const Table::RowKey key, table_.KeyOfRow(index, row));
   if (key.any_null && index.is_required()) {
     return Status{Fault::Invalid, "an index of " + table_.name() + " does not take a null"};
   }
   if (key.all_null && index.ignores_nulls()) return Bytes();
+  if (key.bytes.size() > kLongestKey) {
+    return Status{Fault::Range, "the fields of an index of " + table_.name() + " are too long together"};
+  }
   return LeafEntry(key.bytes, id);
 }
 
@@ -99,26 +105,40 @@ Status TableWriter::AddToCount(int32_t change) {
   return Ok();
 }
 
-// Gives the counter field its next number, or notes a number given by the caller.
+// Gives the counter field its next number, unless the caller has given one.
 Status TableWriter::TakeCounter(std::span<const FieldValue> fields, int32_t& counter) {
   const TableDef& def = table_.def();
   for (size_t i = 0; i < def.columns.size(); ++i) {
     const Column& column = def.columns[i];
     if (!column.is_counter()) continue;
-    TRY_ASSIGN(const PageWriter page, table_.pager().Write(def.page));
-    uint8_t* last = page.mutable_bytes() + TableDef::kLastCounter;
     if (builder_.Has(column) && Names(fields, static_cast<int>(i))) {
       counter = Load<int32_t>(builder_.Raw(column).data());
-      if (counter > Load<int32_t>(last)) Store<int32_t>(last, counter);
       return Ok();
     }
-    const uint32_t next = Load32(last) + def.counter_increment;
-    Store<uint32_t>(last, next);
+    TRY_ASSIGN(const uint32_t last, table_.LastCounter());
+    const uint32_t next = last + def.counter_increment;
     counter = static_cast<int32_t>(next);
     uint8_t raw[4];
     Store<uint32_t>(raw, next);
     return builder_.SetRaw(column, raw);
   }
+  return Ok();
+}
+
+// The number that `fields` give to the counter field; 0 when they do not.
+int32_t TableWriter::GivenCounter(std::span<const FieldValue> fields) const {
+  for (const FieldValue& field : fields) {
+    const Column& column = table_.def().columns[static_cast<size_t>(field.column)];
+    if (column.is_counter() && builder_.Has(column)) return Load<int32_t>(builder_.Raw(column).data());
+  }
+  return 0;
+}
+
+// Remembers that the counter has come this far. A refused row never gets here, so it uses no number up.
+Status TableWriter::NoteCounter(int32_t counter) {
+  TRY_ASSIGN(const PageWriter page, table_.pager().Write(table_.def().page));
+  uint8_t* last = page.mutable_bytes() + TableDef::kLastCounter;
+  if (counter > Load<int32_t>(last)) Store<int32_t>(last, counter);
   return Ok();
 }
 
@@ -142,6 +162,7 @@ Expected<TableWriter::Inserted> TableWriter::Insert(std::span<const FieldValue> 
     IndexTree tree(table_.pager(), allocator_, table_.PlaceOf(table_.def().indexes[i]));
     TRY(tree.Insert(entries[i]));
   }
+  TRY(NoteCounter(inserted.counter));
   TRY(AddToCount(1));
   return inserted;
 }
@@ -158,8 +179,8 @@ Expected<bool> TableWriter::TryPlace(PageNumber number, uint16_t state, RowId& p
   return true;
 }
 
-// Puts the built row on a page that has room: where the last one went, else one of the free-space map, else a new
-// one. A page that the row does not fit on leaves the map.
+// Puts the built row on a page that has room: where the last one went, else one of the free-space map, else a
+// new one. A page that the row does not fit on leaves the map.
 Expected<RowId> TableWriter::Place(uint16_t state) {
   const TableDef& def = table_.def();
   RowId placed;
@@ -205,11 +226,13 @@ Status TableWriter::ResetIfEmpty(PageNumber number) {
   return Ok();
 }
 
-// Puts the built row in the place of an existing one: in its home if the page has room, else where it was moved
-// to before, else on another page, to which the home then points.
+// Puts the built row in the place of an existing one: in its home if the page has room, else where it was
+// moved to before, else on another page, to which the home then points.
 Status TableWriter::Replace(RowId home) {
   const size_t size = built_.size();
-  const auto fits = [&](const DataPage& rows, int slot) { return rows.free() + rows.Row(slot).size() >= size; };
+  const auto fits = [&](const DataPage& rows, int slot) {
+    return rows.free() + rows.Row(slot).size() >= size;
+  };
   const auto put = [&](const PageWriter& page, int slot) {
     const bool shrinks = [&] {
       const auto rows = DataPage::Parse(page);
@@ -221,17 +244,26 @@ Status TableWriter::Replace(RowId home) {
   };
   TRY_ASSIGN(const PageWriter page, table_.pager().Write(home.page));
   TRY_ASSIGN(const DataPage rows, DataPage::Parse(page));
-  if (rows.state(home.slot) == 0) {
+  const auto holds = [&](const DataPage& on, RowId row, uint16_t state) {
+    return on.owner() == table_.def().page && row.slot < on.slots() && on.state(row.slot) == state;
+  };
+  const auto lost = [](RowId row) {
+    return Status{Fault::Corrupt, "page " + std::to_string(row.page) + ": is used twice"};
+  };
+  if (holds(rows, home, 0)) {
     if (fits(rows, home.slot)) return put(page, home.slot);
+    if (rows.free() + rows.Row(home.slot).size() < 4) return {Fault::Range, "a row is too short to be moved"};
     TRY_ASSIGN(const RowId body, Place(DataPage::kBody));
     uint8_t* at = DataPage::Resize(page.mutable_bytes(), home.slot, 4);
     Store<uint32_t>(at, body.Pack());
     DataPage::SetState(page.mutable_bytes(), home.slot, DataPage::kMoved);
     return GainedRoom(home.page);
   }
+  if (!holds(rows, home, DataPage::kMoved)) return lost(home);
   const RowId body = RowId::Unpack(Load32(rows.Row(home.slot).data()));
   TRY_ASSIGN(const PageWriter body_page, table_.pager().Write(body.page));
   TRY_ASSIGN(const DataPage body_rows, DataPage::Parse(body_page));
+  if (!holds(body_rows, body, DataPage::kBody)) return lost(body);
   if (fits(body_rows, body.slot)) return put(body_page, body.slot);
   TRY_ASSIGN(const RowId moved, Place(DataPage::kBody));
   DataPage::DeleteRow(body_page.mutable_bytes(), body.slot);
@@ -263,6 +295,7 @@ Status TableWriter::Update(RowId id, std::span<const FieldValue> fields) {
     }
   }
   std::vector<Change> changes;
+  int32_t counter = 0;
   {
     TRY_ASSIGN(const Record old, table_.Get(id));
     TRY(builder_.Load(old.row()));
@@ -277,6 +310,7 @@ Status TableWriter::Update(RowId id, std::span<const FieldValue> fields) {
     for (const FieldValue& field : fields) TRY(SetField(field));
     TRY(CheckSize());
     TRY_ASSIGN(const RowView row, BuiltRow());
+    counter = GivenCounter(fields);
     for (Change& change : changes) {
       TRY_ASSIGN(change.new_entry, EntryFor(*change.index, row, id));
       if (change.new_entry != change.old_entry) TRY(CheckUnique(*change.index, change.new_entry));
@@ -284,6 +318,7 @@ Status TableWriter::Update(RowId id, std::span<const FieldValue> fields) {
     TRY(FreeReplaced(old.row(), fields));
   }
   TRY(Replace(id));
+  if (counter != 0) TRY(NoteCounter(counter));
   for (const Change& change : changes) {
     if (change.new_entry == change.old_entry) continue;
     IndexTree tree(table_.pager(), allocator_, table_.PlaceOf(*change.index));
@@ -315,9 +350,16 @@ Status TableWriter::Delete(RowId id) {
   }
   TRY_ASSIGN(const PageWriter page, table_.pager().Write(id.page));
   TRY_ASSIGN(const DataPage rows, DataPage::Parse(page));
+  if (rows.owner() != def.page || id.slot >= rows.slots()) {
+    return {Fault::Corrupt, "page " + std::to_string(id.page) + ": is used twice"};
+  }
   if (rows.state(id.slot) == DataPage::kMoved) {
     const RowId body = RowId::Unpack(Load32(rows.Row(id.slot).data()));
     TRY_ASSIGN(const PageWriter body_page, table_.pager().Write(body.page));
+    TRY_ASSIGN(const DataPage body_rows, DataPage::Parse(body_page));
+    if (body_rows.owner() != def.page || body.slot >= body_rows.slots()) {
+      return {Fault::Corrupt, "page " + std::to_string(body.page) + ": is used twice"};
+    }
     DataPage::DeleteRow(body_page.mutable_bytes(), body.slot);
     TRY(GainedRoom(body.page));
     TRY(ResetIfEmpty(body.page));

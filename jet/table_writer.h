@@ -8,9 +8,9 @@
 
 namespace tarvex::jet {
 
-// Changes the rows of one table, its indexes and counts with them. Works inside a transaction of the pager; after
-// a failure the caller undoes to a savepoint or rolls back, except that a refused row (Fault::Duplicate, Invalid,
-// Range) is found out before anything is written.
+// Changes the rows of one table, its indexes and counts with them. Works inside a transaction of the pager;
+// after a failure the caller undoes to a savepoint or rolls back, except that a refused row
+// (Fault::Duplicate, Invalid, Range) is found out before anything is written.
 class TableWriter {
  public:
   TableWriter(Table& table, PageAllocator& allocator);
@@ -49,6 +49,8 @@ class TableWriter {
   Status FreeReplaced(const RowView& old_row, std::span<const FieldValue> fields);
   Status AddToCount(int32_t change);
   Status TakeCounter(std::span<const FieldValue> fields, int32_t& counter);
+  int32_t GivenCounter(std::span<const FieldValue> fields) const;
+  Status NoteCounter(int32_t counter);
 
   Table& table_;
   PageAllocator& allocator_;

@@ -5,8 +5,12 @@
 namespace tarvex::jet {
 namespace {
 
-bool IsHigh(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool IsLow(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
+bool IsHigh(char32_t c) {
+  return c >= 0xD800 && c < 0xDC00;
+}
+bool IsLow(char32_t c) {
+  return c >= 0xDC00 && c < 0xE000;
+}
 
 void AppendUtf8(char32_t c, std::string& out) {
   if (c < 0x80) {
@@ -90,7 +94,7 @@ bool IsUtf8(std::string_view text) {
 
 std::u16string FromLittleEndian(std::span<const uint8_t> bytes) {
   std::u16string out(bytes.size() / 2, u'\0');
-  std::memcpy(out.data(), bytes.data(), out.size() * 2);
+  if (!out.empty()) std::memcpy(out.data(), bytes.data(), out.size() * 2);
   return out;
 }
 
@@ -126,7 +130,7 @@ void AppendText(std::string_view utf8, std::vector<uint8_t>& out) {
   const std::u16string text = ToUtf16(utf8);
   const size_t at = out.size();
   out.resize(at + 2 * text.size());
-  std::memcpy(out.data() + at, text.data(), 2 * text.size());
+  if (!text.empty()) std::memcpy(out.data() + at, text.data(), 2 * text.size());
 }
 
 }  // namespace tarvex::jet

@@ -1,5 +1,6 @@
-// Turns text_keys.tsv into the initializer of the table in text_key.cpp. Classes: W weight; A weight and accent
-// mark; M combining mark; L light character, a tail code only; K kana, weight, perhaps a mark, and a flag.
+// Turns text_keys.tsv into the initializer of the table in text_key.cpp. Classes: W weight; A weight and
+// accent mark; M combining mark; L light character, a tail code only; K kana, weight, perhaps a mark, and a
+// flag.
 #include <array>
 #include <fstream>
 #include <iostream>
@@ -41,8 +42,8 @@ int main(int argc, char** argv) {
     row[7] = tail.empty() ? 0 : tail[0];
   }
   for (const auto& row : rows) {
-    out << "{{" << row[0] << ',' << row[1] << ',' << row[2] << ',' << row[3] << "},{" << row[4] << ',' << row[5]
-        << "}," << row[6] << ',' << row[7] << "},\n";
+    out << "{{" << row[0] << ',' << row[1] << ',' << row[2] << ',' << row[3] << "},{" << row[4] << ','
+        << row[5] << "}," << row[6] << ',' << row[7] << "},\n";
   }
   return out ? 0 : 1;
 }

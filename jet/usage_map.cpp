@@ -38,6 +38,7 @@ Expected<MapRow> ReadMap(Pager& pager, RowId map) {
   if (row.bytes.size() < kInlineHead) return fail("is too short");
   if (row.bytes[0] > 1) return fail("has an unknown type");
   if (row.is_inline() && row.first() % 8 != 0) return fail("does not start at a multiple of 8");
+  if (row.is_inline() && row.first() >= Pager::kMostPages) return fail("starts beyond the greatest file");
   return row;
 }
 
@@ -49,7 +50,9 @@ Expected<PageRef> ReadBitmap(Pager& pager, PageNumber number) {
   return page;
 }
 
-bool Bit(const uint8_t* bits, size_t i) { return (bits[i / 8] >> (i % 8) & 1) != 0; }
+bool Bit(const uint8_t* bits, size_t i) {
+  return (bits[i / 8] >> (i % 8) & 1) != 0;
+}
 
 void SetBitIn(uint8_t* bits, size_t i, bool value) {
   const auto mask = static_cast<uint8_t>(1 << (i % 8));
@@ -91,7 +94,8 @@ Expected<std::optional<PageNumber>> MapNext(Pager& pager, RowId map, PageNumber 
     const size_t at = NextBit(row.bytes.data() + kInlineHead, begin, row.inline_pages());
     return at < row.inline_pages() ? Found(row.first() + static_cast<PageNumber>(at)) : Found();
   }
-  for (size_t k = from / kBitmapPages; k < row.entries(); ++k, from = static_cast<PageNumber>(k * kBitmapPages)) {
+  for (size_t k = from / kBitmapPages; k < row.entries();
+       ++k, from = static_cast<PageNumber>(k * kBitmapPages)) {
     if (row.entry(k) == 0) continue;
     TRY_ASSIGN(const PageRef bits, ReadBitmap(pager, row.entry(k)));
     const size_t at = NextBit(bits.bytes() + kBitmapHead, from % kBitmapPages, kBitmapPages);
@@ -124,22 +128,36 @@ Expected<PageWriter> PageAllocator::Allocate() {
     undo_seen_ = pager_.undo_count();
     lowest_free_ = 0;
   }
-  TRY_ASSIGN(const auto free, MapNext(pager_, map_, lowest_free_));
-  if (free && *free < pager_.page_count()) {
-    lowest_free_ = *free + 1;
+  PageNumber from = lowest_free_;
+  bool skipped = false;
+  while (true) {
+    TRY_ASSIGN(const auto free, MapNext(pager_, map_, from));
+    if (!free || *free >= pager_.page_count()) break;
+    if (*free <= map_.page)
+      return Status{Fault::Corrupt, "the global map gives page " + std::to_string(*free) + " as free"};
+    from = *free + 1;
+    {
+      // Somebody looks at the page: a cursor that has been left behind, or the map is wrong.
+      TRY_ASSIGN(const PageRef ref, pager_.Read(*free));
+      skipped |= ref.IsShared();
+      if (ref.IsShared()) continue;
+    }
+    if (!skipped) lowest_free_ = from;
     TRY(SetBit(map_, *free, false, true));
     TRY_ASSIGN(PageWriter page, pager_.Write(*free));
     std::memset(page.mutable_bytes(), 0, kPageSize);
     page.ClearChecked();
     return page;
   }
-  lowest_free_ = pager_.page_count();
+  if (!skipped) lowest_free_ = pager_.page_count();
   TRY_ASSIGN(PageWriter page, pager_.Append());
   TRY(MarkUsed(page.number()));
   return page;
 }
 
-Status PageAllocator::MarkUsed(PageNumber page) { return SetBit(map_, page, false, true); }
+Status PageAllocator::MarkUsed(PageNumber page) {
+  return SetBit(map_, page, false, true);
+}
 
 Status PageAllocator::Free(PageNumber page) {
   {
@@ -153,8 +171,12 @@ Status PageAllocator::Free(PageNumber page) {
   return SetBit(map_, page, true, true);
 }
 
-Status PageAllocator::MapAdd(RowId map, PageNumber page) { return SetBit(map, page, true, false); }
-Status PageAllocator::MapRemove(RowId map, PageNumber page) { return SetBit(map, page, false, false); }
+Status PageAllocator::MapAdd(RowId map, PageNumber page) {
+  return SetBit(map, page, true, false);
+}
+Status PageAllocator::MapRemove(RowId map, PageNumber page) {
+  return SetBit(map, page, false, false);
+}
 
 // A bitmap page at the end of the file. It is not yet marked used.
 Expected<PageNumber> PageAllocator::NewBitmapPage(uint8_t fill) {

@@ -10,12 +10,13 @@ namespace tarvex::jet {
 
 // A set of pages, kept as a row on a map page.
 //   type 0, inline:    00, u32 first page (a multiple of 8), bitmap
-//   type 1, reference: 01, u32 numbers of bitmap pages (type 05h), entry k for pages k*32736 .. +32735; 0 = none
+//   type 1, reference: 01, u32 numbers of bitmap pages (type 05h), entry k for pages k*32736 .. +32735; 0 =
+//   none
 // In the global map a set bit means "free"; in all others "mine".
 
-inline constexpr size_t kMapRowSize = 69;          // of the map rows that are written new
-inline constexpr uint32_t kInlinePages = 512;      // that such a row covers inline
-inline constexpr uint32_t kBitmapPages = 32736;    // that one bitmap page covers: 4092 bytes of bits
+inline constexpr size_t kMapRowSize = 69;        // of the map rows that are written new
+inline constexpr uint32_t kInlinePages = 512;    // that such a row covers inline
+inline constexpr uint32_t kBitmapPages = 32736;  // that one bitmap page covers: 4092 bytes of bits
 
 // Whether `page` is in the map.
 Expected<bool> MapHas(Pager& pager, RowId map, PageNumber page);

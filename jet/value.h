@@ -41,7 +41,7 @@ enum class ColumnType : uint8_t {
 };
 
 struct Null {
-  bool operator==(const Null&) const = default;
+  auto operator<=>(const Null&) const = default;
 };
 
 // Money in ten-thousandths of the unit.
@@ -75,9 +75,12 @@ using Bytes = std::vector<uint8_t>;
 // One field's content. int32_t serves Byte, Integer and Long; std::string serves Text and Memo and is UTF-8
 // (an unpaired surrogate is kept as three bytes, so that any text of a file survives); Bytes serves
 // Binary and OLE.
-using Value = std::variant<Null, bool, int32_t, Currency, float, double, Date, std::string, Bytes, Guid, Numeric>;
+using Value =
+    std::variant<Null, bool, int32_t, Currency, float, double, Date, std::string, Bytes, Guid, Numeric>;
 
-inline bool IsNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool IsNull(const Value& value) {
+  return std::holds_alternative<Null>(value);
+}
 
 // A value for one column, by the column's position in its table definition.
 struct FieldValue {
