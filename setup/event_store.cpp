@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "marks/settings.h"
+#include "setup/edit_row.h"
 #include "setup/event_name.h"
 #include "setup/sex.h"
 
@@ -117,7 +118,8 @@ EventRow RowOf(const Event& event) {
   std::tie(row.alleys_1, row.alleys_2, row.alleys_3, row.alleys_4) =
       std::tie(event.rnd_alleys[0], event.rnd_alleys[1], event.rnd_alleys[2], event.rnd_alleys[3]);
   std::tie(row.top_1, row.top_2, row.top_3) = std::tie(event.top_no[0], event.top_no[1], event.top_no[2]);
-  std::tie(row.next_1, row.next_2, row.next_3) = std::tie(event.next_best[0], event.next_best[1], event.next_best[2]);
+  std::tie(row.next_1, row.next_2, row.next_3) =
+      std::tie(event.next_best[0], event.next_best[1], event.next_best[2]);
   std::tie(row.heats_1, row.heats_2, row.heats_3) =
       std::tie(event.heatsin_rnd[0], event.heatsin_rnd[1], event.heatsin_rnd[2]);
   return row;
@@ -184,15 +186,26 @@ Status SaveEvent(jet::Transaction& write, const Meet& meet, const StoredEvent& s
   return changes.empty() ? Ok() : write.Update(*table, stored.id, changes);
 }
 
+std::vector<jet::FieldValue> ApplyEventFields(const jet::Table& table, Event& event,
+                                              std::vector<jet::FieldValue> values) {
+  EventRow row = RowOf(event);
+  std::vector<jet::FieldValue> rest =
+      ApplyFields<EventRow>(table, std::span<const Binding<EventRow>>(EventFields()), row, std::move(values));
+  event = EventOf(row);
+  return rest;
+}
+
 Expected<std::vector<AgeGroup>> LoadAgeGroups(const Meet& meet, int event_ptr) {
   TRY_ASSIGN(const jet::Table* table, meet.Table("Multiage"));
   TRY_ASSIGN(const auto fields, BoundFields<GroupRow>::Of(*table, kGroupFields));
   TRY_ASSIGN(const auto rows, database::LoadAll(*table, fields));
   std::vector<AgeGroup> groups;
   for (const auto& stored : rows) {
-    if (stored.row.event_ptr == event_ptr) groups.push_back({stored.row.low_age, HighAge(stored.row.high_age)});
+    if (stored.row.event_ptr == event_ptr)
+      groups.push_back({stored.row.low_age, HighAge(stored.row.high_age)});
   }
-  std::sort(groups.begin(), groups.end(), [](const AgeGroup& a, const AgeGroup& b) { return a.low_age < b.low_age; });
+  std::sort(groups.begin(), groups.end(),
+            [](const AgeGroup& a, const AgeGroup& b) { return a.low_age < b.low_age; });
   return groups;
 }
 

@@ -22,7 +22,12 @@ Expected<std::optional<StoredEvent>> FindEvent(const database::Meet& meet, const
 // Adds the event and gives its event_ptr.
 Expected<int> InsertEvent(jet::Transaction& write, const database::Meet& meet, const Event& event);
 // Writes what differs from the stored event.
-Status SaveEvent(jet::Transaction& write, const database::Meet& meet, const StoredEvent& stored, const Event& event);
+Status SaveEvent(jet::Transaction& write, const database::Meet& meet, const StoredEvent& stored,
+                 const Event& event);
+
+// Sets the fields of an event that Event knows, and gives the values of the others.
+std::vector<jet::FieldValue> ApplyEventFields(const jet::Table& table, Event& event,
+                                              std::vector<jet::FieldValue> values);
 
 // The age groups of a multi-age event, from the youngest.
 Expected<std::vector<AgeGroup>> LoadAgeGroups(const database::Meet& meet, int event_ptr);

@@ -181,4 +181,183 @@ inline Notice RoundsRange() {
   return Message(9751, "Number of rounds must be from 1 to 4 !");
 }
 
+// The import of entries. What is wrong with a row follows where it is.
+inline Notice AtLine(int line, std::string_view column, std::string_view reason) {
+  const std::string where = column.empty() ? "" : Message(9753, ", column ").text + std::string(column);
+  return Joined(Message(9752, "Line "), std::to_string(line) + where + ": " + std::string(reason));
+}
+// `reason` says the line itself.
+inline Notice UnreadableRow(std::string_view reason) {
+  return Joined(Message(9754, "The row cannot be read: "), reason);
+}
+inline Notice UnknownImportColumn(std::string_view name) {
+  return Joined(Message(9755, "unknown column "), name);
+}
+inline Notice ImportColumnMissing(std::string_view name) {
+  return Joined(Message(9756, "missing column "), name);
+}
+inline Notice ValueMissing() {
+  return Message(9757, "the value is missing");
+}
+inline Notice UnreadableValue(std::string_view value) {
+  return Joined(Message(9758, "cannot read the value "), value);
+}
+inline Notice ValueTooLong(int most) {
+  return Joined(Message(9759, "the text is too long; the most characters are "), std::to_string(most));
+}
+inline Notice LegWithoutRelay() {
+  return Message(9760, "only a relay has legs");
+}
+inline Notice NameInRelayRow() {
+  return Message(9761, "the row of a relay has no athlete's name");
+}
+inline Notice NoSuchDivision(std::string_view code) {
+  return Joined(Message(9762, "there is no division "), code);
+}
+inline Notice SeveralEventsFit() {
+  return Message(9763, "several events fit; give the event's number");
+}
+inline Notice SeveralAthletesFit() {
+  return Message(9764, "several athletes have this name; give the competitor number");
+}
+inline Notice EventDiffers(std::string_view event) {
+  return Joined(Message(9765, "this is otherwise in event "), event);
+}
+inline Notice EventIsRelay(std::string_view event) {
+  return Joined(Message(9766, "this is a relay event: "), event);
+}
+inline Notice EventIsNoRelay(std::string_view event) {
+  return Joined(Message(9767, "this is no relay event: "), event);
+}
+inline Notice TeamDiffers(std::string_view team) {
+  return Joined(Message(9768, "this is otherwise for the team "), team);
+}
+inline Notice AthleteDiffers(std::string_view athlete) {
+  return Joined(Message(9769, "this is otherwise for the athlete "), athlete);
+}
+inline Notice NumberTaken(std::string_view athlete) {
+  return Joined(Message(9770, "the competitor number belongs to "), athlete);
+}
+inline Notice NobodyHasNumber(std::string_view number) {
+  return Joined(Message(9771, "nobody has the competitor number "), number);
+}
+inline Notice RunnerOfOtherTeam(std::string_view athlete) {
+  return Joined(Message(9772, "the runner is of another team: "), athlete);
+}
+inline Notice AgeOutOfRange() {
+  return Message(9773, "the age is not from 0 to 109");
+}
+inline Notice AlreadyInEvent(std::string_view who, std::string_view event) {
+  return Joined(Message(9774, "already entered: "),
+                std::string(who) + Message(9775, " in event ").text + std::string(event));
+}
+inline Notice TwiceInRelay(std::string_view athlete) {
+  return Joined(Message(9776, "twice in the relay: "), athlete);
+}
+inline Notice EntryDiffers() {
+  return Message(9777, "the entry is in another division");
+}
+inline Notice NothingImported() {
+  return Message(9778, "Nothing was imported.");
+}
+inline Notice MarksOutOfRange(size_t count, std::string_view rows) {
+  return Joined(
+      Message(9779, "Marks entered are out of range for their events: "),
+      std::to_string(count) + std::string(rows) + "\n" + Message(9780, "Accept the marks anyway ?").text);
+}
+inline Notice AthletesBelowAge(size_t count, std::string_view rows) {
+  return Joined(
+      Message(9781, "Athletes are entered above their age group: "),
+      std::to_string(count) + std::string(rows) + "\n" + Message(9782, "Accept the entries anyway ?").text);
+}
+inline Notice EntriesOverLimit(size_t count, std::string_view rows) {
+  return Joined(
+      Message(9783, "Entries exceed the limit of entries per athlete: "),
+      std::to_string(count) + std::string(rows) + "\n" + Message(9782, "Accept the entries anyway ?").text);
+}
+
+// Who fits an event.
+inline Notice WrongSexForEvent(std::string_view athlete) {
+  return Joined(Message(9784, "The sex does not fit the event: "), athlete);
+}
+inline Notice TooOldForEvent(std::string_view athlete, int age, int high_age) {
+  return Joined(Message(9785, "Too old for the event: "),
+                std::string(athlete) + ", " + std::to_string(age) + " > " + std::to_string(high_age));
+}
+inline Notice YoungerThanEvent(std::string_view athlete, int age, int low_age) {
+  return Joined(Message(9786, "Younger than the age group of the event: "),
+                std::string(athlete) + ", " + std::to_string(age) + " < " + std::to_string(low_age));
+}
+inline Notice BornOutsideDivision(std::string_view athlete, std::string_view division) {
+  return Joined(Message(9787, "Born before the dates of the division "),
+                std::string(division) + ": " + std::string(athlete));
+}
+inline Notice YoungerThanDivision(std::string_view athlete, std::string_view division) {
+  return Joined(Message(9788, "Born after the dates of the division "),
+                std::string(division) + ": " + std::string(athlete));
+}
+inline Notice TooManyEntries(std::string_view athlete, int most) {
+  return Joined(Message(9789, "More entries than allowed: "),
+                std::string(athlete) + ", " + std::to_string(most));
+}
+inline Notice TooManyTrackEntries(std::string_view athlete, int most) {
+  return Joined(Message(9790, "More track entries than allowed: "),
+                std::string(athlete) + ", " + std::to_string(most));
+}
+inline Notice TooManyFieldEntries(std::string_view athlete, int most) {
+  return Joined(Message(9791, "More field entries than allowed: "),
+                std::string(athlete) + ", " + std::to_string(most));
+}
+
+// Editing one row. The question mark stands alone: the text before it says what is unusual.
+inline Notice Anyway(const Notice& unusual) {
+  return Joined(unusual, "\n" + Message(9792, "Accept the entry anyway ?").text);
+}
+inline Notice UnreadableKey(std::string_view key) {
+  return Joined(Message(9793, "Cannot read the key "), key);
+}
+inline Notice NotFound(std::string_view key) {
+  return Joined(Message(9794, "Not found: "), key);
+}
+inline Notice SeveralFound(std::string_view key) {
+  return Joined(Message(9795, "Several have the key "), key);
+}
+inline Notice ExistsAlready(std::string_view key) {
+  return Joined(Message(9796, "Exists already: "), key);
+}
+inline Notice FieldRequired(std::string_view field) {
+  return Joined(Message(9797, "Required: "), field);
+}
+inline Notice FieldInvalid(std::string_view field) {
+  return Joined(Message(9798, "Invalid value: "), field);
+}
+inline Notice FieldNotEditable(std::string_view field) {
+  return Joined(Message(9799, "Cannot be changed here: "), field);
+}
+inline Notice EventHasEntries() {
+  return Message(9800, "Entries have been entered in this event. Delete them first.");
+}
+inline Notice DivisionInUse() {
+  return Message(9801, "The division is in use.");
+}
+inline Notice TeamHasAthletes() {
+  return Message(9802, "The team has athletes or relays. Delete them first.");
+}
+inline Notice AthleteHasEntries() {
+  return Message(9803, "The athlete has entries. Delete them first.");
+}
+inline Notice DeleteWithResults(std::string_view who) {
+  return Joined(Message(9804, "There are results for "),
+                std::string(who) + Message(9805, ". Delete anyway ?").text);
+}
+inline Notice TeamAbbrTaken(std::string_view abbr) {
+  return Joined(Message(9806, "Another team has the abbreviation "), abbr);
+}
+inline Notice NoDivision(int div_no) {
+  return Joined(Message(9807, "There is no division "), std::to_string(div_no));
+}
+inline Notice NothingChanged() {
+  return Message(9808, "Nothing was changed.");
+}
+
 }  // namespace tarvex::setup

@@ -34,7 +34,8 @@ std::vector<Binding<Row>> CommonFields() {
 }
 
 template <class Row>
-Expected<RowTable<Row>> Open(const Meet& meet, std::string_view name, std::span<const Binding<Row>> bindings) {
+Expected<RowTable<Row>> Open(const Meet& meet, std::string_view name,
+                             std::span<const Binding<Row>> bindings) {
   TRY_ASSIGN(jet::Table * table, meet.Table(name));
   TRY_ASSIGN(auto fields, BoundFields<Row>::Of(*table, bindings));
   return RowTable<Row>{table, std::move(fields)};
@@ -50,9 +51,9 @@ const Row* Find(const std::unordered_map<int, Row>& rows, int key) {
 
 std::span<const Binding<Team>> TeamFields() {
   static const std::vector<Binding<Team>> fields = {
-      {"Team_no", &Team::team_no},        {"Team_name", &Team::name},       {"Team_short", &Team::short_name},
-      {"Team_abbr", &Team::abbr},         {"Team_altabbr", &Team::alt_abbr}, {"Team_stat", &Team::stat},
-      {"Team_div", &Team::division},      {"Team_region", &Team::region},   {"Team_NoPoints", &Team::no_points},
+      {"Team_no", &Team::team_no},    {"Team_name", &Team::name},        {"Team_short", &Team::short_name},
+      {"Team_abbr", &Team::abbr},     {"Team_altabbr", &Team::alt_abbr}, {"Team_stat", &Team::stat},
+      {"Team_div", &Team::division},  {"Team_region", &Team::region},    {"Team_NoPoints", &Team::no_points},
       {"TeamGUID_strg", &Team::guid},
   };
   return fields;
@@ -60,11 +61,14 @@ std::span<const Binding<Team>> TeamFields() {
 
 std::span<const Binding<Athlete>> AthleteFields() {
   static const std::vector<Binding<Athlete>> fields = {
-      {"Ath_no", &Athlete::ath_no},         {"Last_name", &Athlete::last_name}, {"First_name", &Athlete::first_name},
-      {"Initial", &Athlete::initial},       {"Pref_name", &Athlete::pref_name}, {"Ath_Sex", &Athlete::sex},
-      {"Birth_date", &Athlete::birth_date}, {"Team_no", &Athlete::team_no},     {"Schl_yr", &Athlete::schl_yr},
-      {"Ath_age", &Athlete::age},           {"Reg_no", &Athlete::reg_no},       {"Ath_stat", &Athlete::stat},
-      {"Div_no", &Athlete::div_no},         {"Comp_no", &Athlete::comp_no},     {"athGUID_strg", &Athlete::guid},
+      {"Ath_no", &Athlete::ath_no},         {"Last_name", &Athlete::last_name},
+      {"First_name", &Athlete::first_name}, {"Initial", &Athlete::initial},
+      {"Pref_name", &Athlete::pref_name},   {"Ath_Sex", &Athlete::sex},
+      {"Birth_date", &Athlete::birth_date}, {"Team_no", &Athlete::team_no},
+      {"Schl_yr", &Athlete::schl_yr},       {"Ath_age", &Athlete::age},
+      {"Reg_no", &Athlete::reg_no},         {"Ath_stat", &Athlete::stat},
+      {"Div_no", &Athlete::div_no},         {"Comp_no", &Athlete::comp_no},
+      {"athGUID_strg", &Athlete::guid},
   };
   return fields;
 }
@@ -95,22 +99,39 @@ std::span<const Binding<Relay>> RelayFields() {
 
 std::span<const Binding<RelayName>> RelayNameFields() {
   static const std::vector<Binding<RelayName>> fields = {
-      {"Event_ptr", &RelayName::event_ptr}, {"Team_no", &RelayName::team_no}, {"Team_ltr", &RelayName::team_ltr},
-      {"Ath_no", &RelayName::ath_no},       {"Pos_no", &RelayName::pos_no},   {"Event_round", &RelayName::event_round},
+      {"Event_ptr", &RelayName::event_ptr}, {"Team_no", &RelayName::team_no},
+      {"Team_ltr", &RelayName::team_ltr},   {"Ath_no", &RelayName::ath_no},
+      {"Pos_no", &RelayName::pos_no},       {"Event_round", &RelayName::event_round},
       {"Relay_no", &RelayName::relay_no},
   };
   return fields;
 }
 
-Expected<RowTable<Team>> Teams(const Meet& meet) { return Open(meet, "Team", TeamFields()); }
-Expected<RowTable<Athlete>> Athletes(const Meet& meet) { return Open(meet, "Athlete", AthleteFields()); }
-Expected<RowTable<Entry>> Entries(const Meet& meet) { return Open(meet, "Entry", EntryFields()); }
-Expected<RowTable<Relay>> Relays(const Meet& meet) { return Open(meet, "Relay", RelayFields()); }
-Expected<RowTable<RelayName>> RelayNames(const Meet& meet) { return Open(meet, "RelayNames", RelayNameFields()); }
+Expected<RowTable<Team>> Teams(const Meet& meet) {
+  return Open(meet, "Team", TeamFields());
+}
+Expected<RowTable<Athlete>> Athletes(const Meet& meet) {
+  return Open(meet, "Athlete", AthleteFields());
+}
+Expected<RowTable<Entry>> Entries(const Meet& meet) {
+  return Open(meet, "Entry", EntryFields());
+}
+Expected<RowTable<Relay>> Relays(const Meet& meet) {
+  return Open(meet, "Relay", RelayFields());
+}
+Expected<RowTable<RelayName>> RelayNames(const Meet& meet) {
+  return Open(meet, "RelayNames", RelayNameFields());
+}
 
-const Team* Roster::team(int team_no) const { return Find(teams, team_no); }
-const Athlete* Roster::athlete(int ath_no) const { return Find(athletes, ath_no); }
-const Team* Roster::team_of(const Athlete* athlete) const { return athlete ? team(athlete->team_no) : nullptr; }
+const Team* Roster::team(int team_no) const {
+  return Find(teams, team_no);
+}
+const Athlete* Roster::athlete(int ath_no) const {
+  return Find(athletes, ath_no);
+}
+const Team* Roster::team_of(const Athlete* athlete) const {
+  return athlete ? team(athlete->team_no) : nullptr;
+}
 
 Expected<Roster> LoadRoster(const Meet& meet) {
   Roster roster;
