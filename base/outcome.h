@@ -21,6 +21,8 @@ struct Unanswered {};
 // How a command ended. A Status in it is a failure of the file or the engine.
 using Outcome = std::variant<Done, Refusal, Unanswered, Status>;
 
-inline bool IsDone(const Outcome& outcome) { return std::holds_alternative<Done>(outcome); }
+inline bool IsDone(const Outcome& outcome) {
+  return std::holds_alternative<Done>(outcome);
+}
 
 }  // namespace tarvex

@@ -151,7 +151,8 @@ double NowAsDays() {
   std::tm local{};
   ::localtime_r(&seconds, &local);
   using std::chrono::day, std::chrono::month, std::chrono::year;
-  const std::chrono::sys_days date = year(local.tm_year + 1900) / month(static_cast<unsigned>(local.tm_mon + 1)) /
+  const std::chrono::sys_days date = year(local.tm_year + 1900) /
+                                     month(static_cast<unsigned>(local.tm_mon + 1)) /
                                      day(static_cast<unsigned>(local.tm_mday));
   const std::chrono::sys_days epoch = year(1899) / month(12) / day(30);
   return static_cast<double>((date - epoch).count()) +
@@ -166,8 +167,12 @@ uint64_t RandomBits() {
   return bits;
 }
 
-bool InputIsTerminal() { return ::isatty(STDIN_FILENO) == 1; }
-bool ErrorIsTerminal() { return ::isatty(STDERR_FILENO) == 1; }
+bool InputIsTerminal() {
+  return ::isatty(STDIN_FILENO) == 1;
+}
+bool ErrorIsTerminal() {
+  return ::isatty(STDERR_FILENO) == 1;
+}
 
 std::string AbsolutePath(const std::string& path) {
   std::error_code error;

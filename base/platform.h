@@ -6,8 +6,8 @@
 
 #include "base/file.h"
 
-// Everything that differs between operating systems, and nothing else. platform.cpp is the one file that knows
-// the system's own calls.
+// Everything that differs between operating systems, and nothing else. platform.cpp is the one file that
+// knows the system's own calls.
 namespace tarvex::platform {
 
 // The disk.

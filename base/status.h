@@ -11,18 +11,18 @@ namespace tarvex {
 // What can go wrong below the rules of the sport: in the file, the disk or the engine.
 enum class Fault {
   None,
-  NotFound,            // the file, table, field, index or row does not exist
-  Exists,              // it exists already
-  Corrupt,             // the bytes contradict the format
-  Unsupported,         // a format or feature that is not handled: encoded files, other versions
-  Io,                  // the operating system refused a read or a write
-  NoSpace,             // the disk is full, or the file would pass its greatest size
-  ReadOnly,            // the file cannot be opened for writing
-  InUse,               // somebody else has the file open
-  LockedExclusively,   // somebody else has the file open for himself alone
-  Duplicate,           // a unique index refuses the row
-  Invalid,             // a value does not fit its field, or a call does not fit the schema
-  Range,               // a number or a text is too large for its place
+  NotFound,           // the file, table, field, index or row does not exist
+  Exists,             // it exists already
+  Corrupt,            // the bytes contradict the format
+  Unsupported,        // a format or feature that is not handled: encoded files, other versions
+  Io,                 // the operating system refused a read or a write
+  NoSpace,            // the disk is full, or the file would pass its greatest size
+  ReadOnly,           // the file cannot be opened for writing
+  InUse,              // somebody else has the file open
+  LockedExclusively,  // somebody else has the file open for himself alone
+  Duplicate,          // a unique index refuses the row
+  Invalid,            // a value does not fit its field, or a call does not fit the schema
+  Range,              // a number or a text is too large for its place
 };
 
 // The result of a call that can fail in the engine. `detail` says where, for the log and for the person
@@ -34,7 +34,9 @@ struct [[nodiscard]] Status {
   bool ok() const { return fault == Fault::None; }
 };
 
-inline Status Ok() { return {}; }
+inline Status Ok() {
+  return {};
+}
 
 // A value, or the status that says why there is none.
 template <class T>
@@ -69,11 +71,11 @@ class [[nodiscard]] Expected {
 #define TARVEX_JOIN(a, b) TARVEX_JOIN_(a, b)
 
 // Returns from the calling function when `expression`, a Status, is a failure.
-#define TRY(expression)                                                   \
-  do {                                                                    \
-    if (::tarvex::Status try_status = (expression); !try_status.ok()) {   \
-      return try_status;                                                  \
-    }                                                                     \
+#define TRY(expression)                                                 \
+  do {                                                                  \
+    if (::tarvex::Status try_status = (expression); !try_status.ok()) { \
+      return try_status;                                                \
+    }                                                                   \
   } while (false)
 
 // Declares or assigns `target` from an Expected, or returns its failure from the calling function.

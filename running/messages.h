@@ -121,4 +121,81 @@ inline Notice JdPointsOnlyInFinals() {
   return Message(9950, "JD Points can be entered in the Finals only !");
 }
 
+inline Notice EventNotSeeded(std::string_view event) {
+  return Joined(Message(9951, "Event "), std::string(event) + Message(9952, " has not been seeded.").text);
+}
+inline Notice EventHasNoResults(std::string_view event) {
+  return Joined(Message(9951, "Event "),
+                std::string(event) + Message(9953, " has no results to score.").text);
+}
+inline Notice NothingToScore() {
+  return Message(9954, "No event was scored.");
+}
+inline Notice EventHasSeveralRounds(std::string_view event) {
+  return Joined(
+      Message(9951, "Event "),
+      std::string(event) + Message(9955, " has several rounds, which this version cannot run.").text);
+}
+inline Notice NotTheRoundBeingRun(std::string_view event, std::string_view round_name) {
+  return Joined(Message(9951, "Event "), std::string(event) + Message(9956, " is not in its round ").text +
+                                             std::string(round_name) + ".");
+}
+// A fault of a results file: "line 7, column mark: ...".
+inline Notice ResultsFault(int line, std::string_view column, const Notice& what) {
+  std::string text = Message(9957, "line ").text + std::to_string(line);
+  if (!column.empty()) text += Message(9958, ", column ").text + std::string(column);
+  return {what.number, text + ": " + what.text};
+}
+inline Notice ResultsUnreadable(std::string_view what) {
+  return Joined(Message(9959, "The results cannot be read: "), what);
+}
+inline Notice UnknownColumn() {
+  return Message(9960, "there is no such column in a results file");
+}
+inline Notice MatchColumnsMissing() {
+  return Message(9961,
+                 "the results need the columns heat and lane, or comp_no, or last_name and first_name, or "
+                 "team_abbr and relay_ltr");
+}
+inline Notice NotANumber(std::string_view typed) {
+  return Joined(Message(9962, "this is not a number: "), typed);
+}
+inline Notice MatchesNobody() {
+  return Message(9963, "this matches nobody in the event");
+}
+inline Notice MatchesSeveral() {
+  return Message(9964, "this matches more than one in the event");
+}
+inline Notice MatchedTwice() {
+  return Message(9965, "this has a row already");
+}
+inline Notice IsScratched() {
+  return Message(9966, "this entry is scratched");
+}
+inline Notice WindTooLong() {
+  return Message(9967, "a wind reading of this length cannot be stored");
+}
+inline Notice WindsDiffer() {
+  return Message(9968, "the heat has another wind reading in this file");
+}
+inline Notice ResultsRefused(int faults) {
+  return Joined(Message(9969, "Nothing was stored. Faults in the results: "), std::to_string(faults));
+}
+inline Notice NoSuchEntry(std::string_view key) {
+  return Joined(Message(9970, "The event has no such entry: "), key);
+}
+inline Notice UnknownDecision(std::string_view word) {
+  return Joined(Message(9971, "This is not a judge's decision: "), word);
+}
+inline Notice EventHasResultsToPurge(std::string_view event) {
+  return Joined(Message(9951, "Event "), std::string(event) + Message(9972, " has results.").text + "\n" +
+                                             Message(9973, "Purge the seeding and the results ?").text);
+}
+inline Notice NothingToPurge(std::string_view event) {
+  return Joined(Message(9951, "Event "), std::string(event) + Message(9974, " has nothing to purge.").text);
+}
+inline Notice NothingPurged() {
+  return Message(9975, "Nothing was purged.");
+}
+
 }  // namespace tarvex::running

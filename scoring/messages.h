@@ -52,5 +52,11 @@ inline Notice HowManyPlaces() {
 inline Notice NegativePoints() {
   return Message(10051, "Points cannot be negative !");
 }
+inline Notice PointsUnclear(std::string_view typed) {
+  return Joined(Message(10052, "Points are given as PLACE=INDIVIDUAL,RELAY,COMBINED, not as "), typed);
+}
+inline Notice PointsPlaceRange() {
+  return Message(10053, "Places that carry points are 1 to 100 !");
+}
 
 }  // namespace tarvex::scoring

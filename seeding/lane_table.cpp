@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "database/lane_order.h"
 #include "seeding/messages.h"
 
 namespace tarvex::seeding {
@@ -15,13 +16,7 @@ bool Contains(const std::vector<int>& lanes, int lane) {
 }  // namespace
 
 LaneRow DefaultLaneRow(int lanes) {
-  LaneRow row = {};
-  const int centre = (lanes + 1) / 2;
-  for (int k = 0; k < std::min(lanes, kMostLanes); ++k) {
-    const int step = (k + 1) / 2;
-    row[static_cast<size_t>(k)] = k % 2 == 1 ? centre + step : centre - step;
-  }
-  return row;
+  return database::DefaultLaneOrder(lanes);
 }
 
 LaneTable LaneTable::Default() {

@@ -6,10 +6,11 @@
 #include <vector>
 
 #include "base/message.h"
+#include "database/lane_order.h"
 
 namespace tarvex::seeding {
 
-inline constexpr int kMostLanes = 12;
+inline constexpr int kMostLanes = database::kMostLanes;
 inline constexpr int kMostPositions = 160;
 
 // The lane of the best entry, the second best, ... for one number of lanes; 0 beyond that number.

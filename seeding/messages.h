@@ -144,4 +144,31 @@ inline Notice NumberOfEventsSeeded(int events) {
   return Joined(Message(9300, "Number of Events Seeded : "), std::to_string(events));
 }
 
+// Events that are passed over.
+
+inline Notice SeveralRoundsNotSeeded(std::string_view event) {
+  return Joined(
+      Message(9850, "Event "),
+      std::string(event) + Message(9851, " has several rounds and cannot be seeded by this version.").text);
+}
+inline Notice RoundIsDone(std::string_view event) {
+  return Joined(
+      Message(9850, "Event "),
+      std::string(event) + Message(9852, " is done. Purge its results before seeding it again.").text);
+}
+inline Notice RoundIsNotNext(std::string_view event) {
+  return Joined(
+      Message(9850, "Event "),
+      std::string(event) + Message(9853, " was left out: the round asked for is not its next one.").text);
+}
+inline Notice NothingToSeed(std::string_view event) {
+  return Joined(Message(9850, "Event "), std::string(event) + Message(9854, " has no entries to seed.").text);
+}
+inline Notice DualMeetsNotSeeded() {
+  return Message(9855, "Dual-meet lane assignments are switched on, which this version cannot seed.");
+}
+inline Notice RandomSelectNotSeeded() {
+  return Message(9856, "The Random Select Method is switched on, which this version cannot seed.");
+}
+
 }  // namespace tarvex::seeding
