@@ -100,7 +100,8 @@ class BoundFields {
   }
 
  private:
-  explicit BoundFields(std::span<const Binding<Row>> bindings) : bindings_(bindings) {}
+  explicit BoundFields(std::span<const Binding<Row>> bindings)
+      : bindings_(bindings.begin(), bindings.end()) {}
 
   jet::Value ValueOf(const Row& row, size_t i) const {
     return std::visit(
@@ -114,7 +115,7 @@ class BoundFields {
         bindings_[i].member);
   }
 
-  std::span<const Binding<Row>> bindings_;
+  std::vector<Binding<Row>> bindings_;
   std::vector<int> columns_;
 };
 
