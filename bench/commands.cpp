@@ -68,7 +68,7 @@ int Run(const std::string& which, const std::string& path) {
     Measure("score_all", path, [](database::Meet& meet, const auto& events, UserInterface& user) {
       const auto chosen = running::EventsToScore(events);
       Require(chosen.size() >= 150, "too few events are done");
-      Check(running::ScoreEvents(meet, chosen, user), "score");
+      Check(running::ScoreEvents(meet, chosen, true, user), "score");
     });
   }
   return 0;

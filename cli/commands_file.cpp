@@ -7,6 +7,7 @@
 #include "cli/value_json.h"
 #include "database/create.h"
 #include "database/field_text.h"
+#include "database/meet_path.h"
 #include "database/open.h"
 #include "database/settings_fields.h"
 #include "demo/demo_meet.h"
@@ -16,7 +17,7 @@ namespace tarvex::cli {
 namespace {
 
 int Create(Context& context, const std::string& path) {
-  const std::string absolute = platform::AbsolutePath(path);
+  const std::string absolute = AbsoluteMeetPath(path);
   const Outcome created = database::CreateMeet(platform::Files(), absolute, context.session());
   if (const auto* status = std::get_if<Status>(&created)) {
     context.user().Tell(database::CreatingFailure(*status));
@@ -29,7 +30,7 @@ int Create(Context& context, const std::string& path) {
 }
 
 int Open(Context& context, const std::string& path) {
-  const std::string absolute = platform::AbsolutePath(path);
+  const std::string absolute = AbsoluteMeetPath(path);
   database::Opened opened =
       database::OpenMeet(platform::Files(), absolute, context.session(), context.user());
   int code = kDone;
@@ -38,6 +39,8 @@ int Open(Context& context, const std::string& path) {
     code = kFailed;
   } else {
     code = context.Finish(opened.outcome);
+    // A file that is no meet database fails as a file; a path that none may have is refused.
+    if (code == kRefused && !database::CheckMeetPath(absolute)) code = kFailed;
   }
   std::string text;
   for (const std::string& change : opened.changes) text += change + "\n";
@@ -157,8 +160,7 @@ int Demo(Context& context, const std::string& path, const std::string& size, con
   options.stage = stage == "entered"  ? demo::Stage::Entered
                   : stage == "seeded" ? demo::Stage::Seeded
                                       : demo::Stage::Scored;
-  const Outcome made =
-      demo::MakeDemoMeet(platform::Files(), platform::AbsolutePath(path), options, context.user());
+  const Outcome made = demo::MakeDemoMeet(platform::Files(), AbsoluteMeetPath(path), options, context.user());
   return context.Print({}, "", context.Finish(made));
 }
 

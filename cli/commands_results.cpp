@@ -119,7 +119,7 @@ int Score(Context& context, const ResultArguments& arguments) {
     return context.Print({}, "", context.Refuse(*notice));
   std::vector<setup::StoredEvent> events = std::get<std::vector<setup::StoredEvent>>(*named);
   if (arguments.all) events = running::EventsToScore(events);
-  code = context.Finish(running::ScoreEvents(*meet, events, context.user()));
+  code = context.Finish(running::ScoreEvents(*meet, events, arguments.all, context.user()));
   return context.Print({}, "", code);
 }
 

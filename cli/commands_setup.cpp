@@ -1,6 +1,7 @@
 #include "base/columns.h"
 #include "cli/commands.h"
 #include "cli/messages.h"
+#include "running/place_again.h"
 #include "setup/edit_athlete.h"
 #include "setup/edit_division.h"
 #include "setup/edit_entry.h"
@@ -86,6 +87,11 @@ int Events(Context& context, const SetupArguments& arguments) {
   return context.Print({{"rows", std::move(rows)}}, table.ToText());
 }
 
+// Entries that come or go in a round with results change the places of the others.
+setup::AfterChange PlacingAgain(const database::Meet& meet) {
+  return [&meet](auto& write, int event_ptr) { return running::PlaceAgain(write, meet, event_ptr); };
+}
+
 // What an editing command is: one of setup's, all with the same shape.
 using Editor = std::function<Outcome(database::Meet&, setup::Edit, const std::string& key,
                                      std::span<const database::FieldText>, UserInterface&)>;
@@ -113,8 +119,9 @@ int ScratchEntries(Context& context, const SetupArguments& arguments) {
   int code = kDone;
   const auto meet = context.OpenMeet(arguments.path, code);
   if (!meet) return context.Print({}, "", code);
-  return context.Print(
-      {}, "", context.Finish(setup::Scratch(*meet, arguments.event, arguments.keys, arguments.undo)));
+  return context.Print({}, "",
+                       context.Finish(setup::Scratch(*meet, arguments.event, arguments.keys, arguments.undo,
+                                                     PlacingAgain(*meet))));
 }
 
 struct EditCommand {
@@ -147,11 +154,11 @@ std::vector<EditCommand> EditCommands() {
        }},
       {"entry", "Adds, changes or deletes an entry", "EVENT:COMPETITOR|#ATH_NO",
        [](Meet& m, setup::Edit e, const std::string& k, Fields f, UserInterface& u) {
-         return setup::EditEntry(m, e, k, f, u);
+         return setup::EditEntry(m, e, k, f, u, PlacingAgain(m));
        }},
       {"relay", "Adds, changes or deletes a relay", "EVENT:TEAM-LETTER",
        [](Meet& m, setup::Edit e, const std::string& k, Fields f, UserInterface& u) {
-         return setup::EditRelay(m, e, k, f, u);
+         return setup::EditRelay(m, e, k, f, u, PlacingAgain(m));
        }},
   };
 }
@@ -160,39 +167,36 @@ std::vector<EditCommand> EditCommands() {
 
 void AddSetupCommands(CLI::App& app, Command& chosen) {
   const auto arguments = std::make_shared<SetupArguments>();
-  auto* import = app.add_subcommand("import", "Imports entries from a CSV file");
-  import->add_option("MEET.mdb", arguments->path)->required();
-  import->add_option("FILE.csv", arguments->file)->required();
-  import->add_flag("--dry-run", arguments->dry_run, "Checks and reports, writes nothing");
-  import->add_flag("--skip-bad", arguments->skip_bad, "Leaves faulty rows out and lists them");
-  import->callback([=, &chosen] { chosen = [=](Context& c) { return Import(c, *arguments);
-};
-}  // namespace tarvex::cli
-);
+  auto* entries = app.add_subcommand("import", "Imports entries from a CSV file");
+  entries->add_option("MEET.mdb", arguments->path)->required();
+  entries->add_option("FILE.csv", arguments->file)->required();
+  entries->add_flag("--dry-run", arguments->dry_run, "Checks and reports, writes nothing");
+  entries->add_flag("--skip-bad", arguments->skip_bad, "Leaves faulty rows out and lists them");
+  entries->callback([=, &chosen] { chosen = [=](Context& c) { return Import(c, *arguments); }; });
 
-auto* events = app.add_subcommand("events", "Lists the events");
-events->add_option("MEET.mdb", arguments->path)->required();
-events->callback([=, &chosen] { chosen = [=](Context& c) { return Events(c, *arguments); }; });
+  auto* events = app.add_subcommand("events", "Lists the events");
+  events->add_option("MEET.mdb", arguments->path)->required();
+  events->callback([=, &chosen] { chosen = [=](Context& c) { return Events(c, *arguments); }; });
 
-for (const EditCommand& command : EditCommands()) {
-  auto* edit = app.add_subcommand(command.name, command.what);
-  edit->add_option("MEET.mdb", arguments->path)->required();
-  edit->add_option("ACTION", arguments->action, "add, set or delete")
-      ->required()
-      ->check(CLI::IsMember({"add", "set", "delete"}));
-  edit->add_option(command.key, arguments->key)->required();
-  edit->add_option("FIELD=VALUE", arguments->fields);
-  edit->callback([=, &chosen, editor = command.editor] {
-    chosen = [=](Context& c) { return EditOne(c, *arguments, editor); };
-  });
-}
+  for (const EditCommand& command : EditCommands()) {
+    auto* edit = app.add_subcommand(command.name, command.what);
+    edit->add_option("MEET.mdb", arguments->path)->required();
+    edit->add_option("ACTION", arguments->action, "add, set or delete")
+        ->required()
+        ->check(CLI::IsMember({"add", "set", "delete"}));
+    edit->add_option(command.key, arguments->key)->required();
+    edit->add_option("FIELD=VALUE", arguments->fields);
+    edit->callback([=, &chosen, editor = command.editor] {
+      chosen = [=](Context& c) { return EditOne(c, *arguments, editor); };
+    });
+  }
 
-auto* scratch = app.add_subcommand("scratch", "Scratches entries or relays of an event");
-scratch->add_option("MEET.mdb", arguments->path)->required();
-scratch->add_option("EVENT", arguments->event)->required();
-scratch->add_option("KEY", arguments->keys)->required();
-scratch->add_flag("--undo", arguments->undo, "Takes scratches back");
-scratch->callback([=, &chosen] { chosen = [=](Context& c) { return ScratchEntries(c, *arguments); }; });
+  auto* scratch = app.add_subcommand("scratch", "Scratches entries or relays of an event");
+  scratch->add_option("MEET.mdb", arguments->path)->required();
+  scratch->add_option("EVENT", arguments->event)->required();
+  scratch->add_option("KEY", arguments->keys)->required();
+  scratch->add_flag("--undo", arguments->undo, "Takes scratches back");
+  scratch->callback([=, &chosen] { chosen = [=](Context& c) { return ScratchEntries(c, *arguments); }; });
 }
 
 }  // namespace tarvex::cli

@@ -1,5 +1,6 @@
 #include "cli/context.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <ostream>
@@ -55,7 +56,7 @@ int Context::Print(Json document, const std::string& text, int code) {
 }
 
 std::unique_ptr<database::Meet> Context::OpenMeet(const std::string& path, int& code) {
-  const std::string absolute = platform::AbsolutePath(path);
+  const std::string absolute = AbsoluteMeetPath(path);
   if (const auto refusal = database::CheckMeetPath(absolute)) {
     code = Refuse(*refusal);
     return nullptr;
@@ -70,6 +71,12 @@ std::unique_ptr<database::Meet> Context::OpenMeet(const std::string& path, int& 
   // A file that is no meet database fails as a file.
   if (code == kRefused) code = kFailed;
   return code == kDone ? std::move(opened.meet) : nullptr;
+}
+
+std::string AbsoluteMeetPath(const std::string& typed) {
+  const bool has_drive =
+      typed.size() >= 2 && typed[1] == ':' && Upper(typed)[0] >= 'A' && Upper(typed)[0] <= 'Z';
+  return has_drive ? typed : platform::AbsolutePath(typed);
 }
 
 Expected<std::string> ReadFile(const std::string& path) {
@@ -93,8 +100,11 @@ Expected<std::variant<std::vector<setup::StoredEvent>, Notice>> EventsNamed(
     bool found = false;
     for (const setup::StoredEvent& event : events) {
       if (event.row.event_no != wanted.event_no || !SameText(event.row.event_ltr, wanted.event_ltr)) continue;
-      chosen.push_back(event);
       found = true;
+      const bool is_repeat = std::any_of(chosen.begin(), chosen.end(), [&](const setup::StoredEvent& other) {
+        return other.row.event_ptr == event.row.event_ptr;
+      });
+      if (!is_repeat) chosen.push_back(event);
     }
     if (!found) return Result(EventNotFound(name));
   }

@@ -52,6 +52,9 @@ class Context {
   std::ostream& out_;
 };
 
+// The absolute form of a meet database's path as typed. What begins with a drive ("A:") is absolute already.
+std::string AbsoluteMeetPath(const std::string& typed);
+
 // The text of a file. Fault::NotFound or Io when it cannot be read.
 Expected<std::string> ReadFile(const std::string& path);
 

@@ -37,6 +37,10 @@ std::string LoadText(const jet::Record& record, int column);
 jet::Value DateValue(double days);
 jet::Value LetterValue(char letter);
 
+// Adds 0, No or a zero-length text for every field that has no value yet; dates and counters stay out. Rows
+// that the program makes hold a value in every field, as other readers of the file expect.
+void FillRest(const jet::Table& table, std::vector<jet::FieldValue>& values);
+
 // Bindings with the positions of their fields in one table.
 template <class Row>
 class BoundFields {

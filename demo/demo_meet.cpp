@@ -118,7 +118,7 @@ class Making {
   Outcome Score() {
     const auto events = setup::LoadEvents(meet_);
     if (!events.ok()) return events.status();
-    return running::ScoreEvents(meet_, running::EventsToScore(*events), progress_);
+    return running::ScoreEvents(meet_, running::EventsToScore(*events), true, progress_);
   }
 
   Meet& meet_;

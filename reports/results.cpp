@@ -198,21 +198,20 @@ Expected<ResultGroups> LoadGroups(const database::Meet& meet, const setup::Store
 }
 
 // The standing after a scored event, of the teams of its gender.
-Status AddStanding(const database::Meet& meet, const RoundSheet& sheet, Section& section) {
+void AddStanding(const database::Meet& meet, const scoring::MeetPoints& points, const RoundSheet& sheet,
+                 Section& section) {
   const bool is_scored = sheet.event.event_stat == setup::kScored && sheet.round == setup::Round::Finals;
-  if (!meet.settings().Scores_afterevt || !is_scored) return Ok();
+  if (!is_scored) return;
   scoring::TeamScoresRequest request;
   request.group = GroupOfGender(sheet.event.event_gender);
   if (meet.settings().thrucurrentevt_teamscore) {
     request.thru_event = setup::EventNumber{sheet.event.event_no, sheet.event.event_ltr};
   }
-  TRY_ASSIGN(const auto lines, scoring::LoadTeamScores(meet, request));
-  for (Part& part : TeamScoreParts(lines)) {
+  for (Part& part : TeamScoreParts(points.Standings(request))) {
     part.heading = TeamScoresTitle(request) + " - " + part.heading;
     part.is_aside = true;
     section.parts.push_back(std::move(part));
   }
-  return Ok();
 }
 
 }  // namespace
@@ -253,6 +252,10 @@ Expected<Report> BuildResults(const database::Meet& meet, const EventChoice& cho
   report.data_keys = {"event_no", "event_ltr", "event_name", "round", "group"};
   TRY_ASSIGN(const auto events, ChosenEvents(meet, choice));
   TRY_ASSIGN(const setup::Roster roster, setup::LoadRoster(meet));
+  std::optional<scoring::MeetPoints> points;
+  if (meet.settings().Scores_afterevt) {
+    TRY_ASSIGN(points, scoring::MeetPoints::Load(meet));
+  }
   for (const setup::StoredEvent& event : events) {
     const std::optional<setup::Round> round = ChosenRound(event.row, choice);
     if (!round) continue;
@@ -261,7 +264,7 @@ Expected<Report> BuildResults(const database::Meet& meet, const EventChoice& cho
     TRY_ASSIGN(const ResultGroups groups, LoadGroups(meet, event, *round, roster));
     Section section = ResultsSection(sheet, groups, meet.settings().suppress_age);
     section.starts_page = choice.separate_pages && !report.sections.empty();
-    TRY(AddStanding(meet, sheet, section));
+    if (points) AddStanding(meet, *points, sheet, section);
     report.sections.push_back(std::move(section));
   }
   if (report.sections.empty()) report.notes.push_back(NothingToShowNote());

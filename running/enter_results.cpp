@@ -111,6 +111,7 @@ class Entering {
     RoundRow& result = data_.rows[position];
     if (!row.wind.empty()) TakeWind(row, result);
     if (row.mark.empty()) return std::nullopt;
+    any_mark_ = true;
     const setup::Event& event = event_.row;
     const bool is_field = event.trk_field == 'F';
     const marks::MarkEntry entry =
@@ -143,7 +144,8 @@ class Entering {
     const setup::Event& event = event_.row;
     const marks::StatusFields status = marks::FieldsOf(entry.status);
     result.stat = status.stat;
-    result.exh = status.exhibition;
+    // Only a mark says anew whether it is an exhibition.
+    if (status.stat == marks::kValid) result.exh = status.exhibition;
     // A disqualified athlete's mark stays on record; it does not count.
     if (entry.status == marks::kDisqualified && entry.value == 0) return;
     result.mark = marks::HandToFat(entry.value, event.event_dist, event.event_stroke, entry.hand, settings_);
@@ -178,7 +180,7 @@ class Entering {
     PlaceRound(meet_.settings(), data_, results);
     TakeOver(results, data_);
     setup::Event event = event_.row;
-    event.event_stat = StatusAfterResults(data_, results);
+    if (any_mark_) event.event_stat = StatusAfterResults(data_, results);
     TRY_ASSIGN(const auto write, meet_.Begin("results"));
     for (const auto& [heat, wind] : winds_) {
       TRY(SaveWind(*write, meet_, event.event_ptr, round_, heat, wind));
@@ -197,6 +199,7 @@ class Entering {
   std::vector<setup::AlleyName> alleys_;
   std::vector<Entrant> entrants_;
   std::vector<Notice> faults_;
+  bool any_mark_ = false;
   std::map<int, std::string> winds_;  // by heat, of running events
 };
 

@@ -172,6 +172,16 @@ inline Notice MatchedTwice() {
 inline Notice IsScratched() {
   return Message(9966, "this entry is scratched");
 }
+inline Notice IsNotSeeded() {
+  return Message(9976, "this entry is not seeded");
+}
+inline Notice ContradictsTheEntry() {
+  return Message(9977, "this names another competitor than the entry it was found by");
+}
+// Stands before what is said of one event among several.
+inline Notice OfEvent(std::string_view event) {
+  return Joined(Message(9951, "Event "), std::string(event) + ":");
+}
 inline Notice WindTooLong() {
   return Message(9967, "a wind reading of this length cannot be stored");
 }

@@ -20,8 +20,10 @@ struct Planned {
 };
 
 bool HasAnyResult(const RoundData& data) {
-  return std::any_of(data.rows.begin(), data.rows.end(),
-                     [](const RoundRow& row) { return row.mark > 0 || row.stat != ' ' || row.jdplace != 0; });
+  return std::any_of(data.rows.begin(), data.rows.end(), [](const RoundRow& row) {
+    return row.mark > 0 || row.stat != ' ' || !row.wind.empty() || row.jdplace != 0 || row.jdheatplace != 0 ||
+           row.jdev_score != 0;
+  });
 }
 
 bool IsSeeded(const RoundData& data) {

@@ -41,6 +41,7 @@ class RowReader {
     row.heat = Number(csv, "heat");
     row.lane = Text(csv, "lane");
     row.comp_no = Number(csv, "comp_no");
+    if (row.comp_no == 0) row.comp_no.reset();  // nobody's number
     row.last_name = Text(csv, "last_name");
     row.first_name = Text(csv, "first_name");
     row.team_abbr = Text(csv, "team_abbr");
@@ -81,6 +82,16 @@ bool SameEntrant(const ResultRow& row, const Entrant& entrant, std::optional<int
          SameText(entrant.relay_ltr, letter);
 }
 
+// Whether a row that was matched by heat and lane, or by number, names somebody else.
+bool Contradicts(const ResultRow& row, const Entrant& entrant) {
+  const auto differs = [](const std::string& given, const std::string& stored) {
+    return !given.empty() && !stored.empty() && !SameText(given, stored);
+  };
+  return (row.comp_no && entrant.comp_no != 0 && *row.comp_no != entrant.comp_no) ||
+         differs(row.last_name, entrant.last_name) || differs(row.first_name, entrant.first_name) ||
+         differs(row.team_abbr, entrant.team_abbr) || differs(row.relay_ltr, entrant.relay_ltr);
+}
+
 }  // namespace
 
 ResultRows ReadResultRows(std::string_view csv) {
@@ -108,7 +119,10 @@ std::variant<size_t, Notice> MatchRow(const ResultRow& row, std::span<const Entr
     found = i;
   }
   if (!found) return MatchesNobody();
-  if (entrants[*found].scratched) return IsScratched();
+  const Entrant& entrant = entrants[*found];
+  if (entrant.heat <= 0) return IsNotSeeded();
+  if (entrant.scratched) return IsScratched();
+  if (Contradicts(row, entrant)) return ContradictsTheEntry();
   return *found;
 }
 

@@ -34,11 +34,11 @@ struct Plan {
 
 class Run {
  public:
-  Run(Meet& meet, UserInterface& user) : meet_(meet), user_(user) {}
+  Run(Meet& meet, bool whole_meet, UserInterface& user) : meet_(meet), whole_meet_(whole_meet), user_(user) {}
 
   Outcome Do(std::span<const StoredEvent> events) {
     // NFHS dual scoring pairs the teams anew for every event, so there is no standing to be made again.
-    if (events.size() > 1 && meet_.settings().meet_meetstyle == 3)
+    if (whole_meet_ && meet_.settings().meet_meetstyle == 3)
       return Refusal{scoring::NoRescoringOfDoubleDual()};
     auto table = scoring::LoadPointsTable(meet_);
     if (!table.ok()) {
@@ -65,6 +65,8 @@ class Run {
     if (planned.empty()) return Refusal{refusals_.empty() ? NothingToScore() : refusals_.back()};
     if (Status status = Write(planned); !status.ok()) return status;
     for (const Planned& one : planned) {
+      const bool has_something_to_tell = one.has_tie || one.is_incomplete;
+      if (has_something_to_tell && planned.size() > 1) user_.Tell(OfEvent(setup::EventLabel(one.event)));
       if (one.has_tie) user_.Tell(ThereIsATie());
       if (one.is_incomplete) user_.Tell(SomeEntriesWithoutResult());
     }
@@ -95,6 +97,7 @@ class Run {
     const int last = before.event_rounds;
     const int current = setup::CurrentRound(before.event_stat, last);
     if (current != last) return PassOver(OnlyFinalScores());
+    if (last > 1) return PassOver(EventHasSeveralRounds(setup::EventLabel(before)));
     if (before.event_type == 'C' || before.event_type == 'R') return PassOver(CannotScoreCrossCountry());
     if (before.event_type2 == 'A') return PassOver(CannotScoreRelay());
     if (!setup::IsRoundSeeded(before.event_stat, last, last)) {
@@ -142,6 +145,7 @@ class Run {
   }
 
   Meet& meet_;
+  bool whole_meet_;
   UserInterface& user_;
   scoring::PointsTable points_;
   setup::Roster roster_;
@@ -150,8 +154,8 @@ class Run {
 
 }  // namespace
 
-Outcome ScoreEvents(Meet& meet, std::span<const StoredEvent> events, UserInterface& user) {
-  return Run(meet, user).Do(events);
+Outcome ScoreEvents(Meet& meet, std::span<const StoredEvent> events, bool whole_meet, UserInterface& user) {
+  return Run(meet, whole_meet, user).Do(events);
 }
 
 std::vector<StoredEvent> EventsToScore(std::span<const StoredEvent> events) {

@@ -7,6 +7,7 @@
 #include "scoring/default_points.h"
 #include "scoring/messages.h"
 #include "scoring/points_store.h"
+#include "setup/division_store.h"
 
 namespace tarvex::scoring {
 namespace {
@@ -71,6 +72,14 @@ std::variant<PlacePoints, Notice> ReadPlacePoints(std::string_view typed) {
 }
 
 Outcome ChangePoints(Meet& meet, const PointsChange& change) {
+  if (change.division != 0) {
+    const auto divisions = setup::LoadDivisions(meet);
+    if (!divisions.ok()) return divisions.status();
+    const bool exists =
+        std::any_of(divisions->begin(), divisions->end(),
+                    [&](const setup::StoredDivision& one) { return one.row.div_no == change.division; });
+    if (!exists) return Refusal{NoSuchDivision(change.division)};
+  }
   const auto stored = LoadScoringRows(meet);
   if (!stored.ok()) return stored.status();
   std::vector<ScoringRow> rows = RowsOf(*stored, change.division);

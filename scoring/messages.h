@@ -55,6 +55,9 @@ inline Notice NegativePoints() {
 inline Notice PointsUnclear(std::string_view typed) {
   return Joined(Message(10052, "Points are given as PLACE=INDIVIDUAL,RELAY,COMBINED, not as "), typed);
 }
+inline Notice NoSuchDivision(int division) {
+  return Joined(Message(10054, "There is no division "), std::to_string(division) + ".");
+}
 inline Notice PointsPlaceRange() {
   return Message(10053, "Places that carry points are 1 to 100 !");
 }

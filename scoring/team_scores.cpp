@@ -88,27 +88,39 @@ class Loader {
 
 }  // namespace
 
-Expected<std::vector<TeamScoreLine>> LoadTeamScores(const Meet& meet, const TeamScoresRequest& request) {
+Expected<MeetPoints> MeetPoints::Load(const Meet& meet) {
   Loader loader(meet);
   TRY(loader.Load());
   TRY_ASSIGN(const setup::NameStyle style, setup::LoadNameStyle(meet));
-  std::vector<ScoringTeam> teams;
+  MeetPoints points;
+  points.results_ = loader.results();
+  points.by_event_gender_ = meet.settings().useeventsex_teamscore;
   for (const auto& [number, team] : loader.roster().teams) {
-    teams.push_back({number, setup::TeamName(team, style), team.no_points});
+    points.teams_.push_back({number, setup::TeamName(team, style), team.no_points});
+    points.abbreviations_[number] = setup::TeamAbbr(team, style);
   }
+  return points;
+}
+
+std::vector<TeamScoreLine> MeetPoints::Standings(const TeamScoresRequest& request) const {
   TotalRules rules;
-  rules.by_event_gender = meet.settings().useeventsex_teamscore;
+  rules.by_event_gender = by_event_gender_;
   if (request.thru_event) {
     rules.thru_event_no = request.thru_event->event_no;
     rules.thru_event_ltr = request.thru_event->event_ltr;
   }
   std::vector<TeamScoreLine> lines;
-  for (TeamTotal& total : TeamTotals(loader.results(), teams, rules)) {
+  for (TeamTotal& total : TeamTotals(results_, teams_, rules)) {
     if (request.group && total.group != *request.group) continue;
-    const setup::Team* team = loader.roster().team(total.team_no);
-    lines.push_back({std::move(total), team ? setup::TeamAbbr(*team, style) : ""});
+    const auto abbreviation = abbreviations_.find(total.team_no);
+    lines.push_back({total, abbreviation == abbreviations_.end() ? "" : abbreviation->second});
   }
   return lines;
+}
+
+Expected<std::vector<TeamScoreLine>> LoadTeamScores(const Meet& meet, const TeamScoresRequest& request) {
+  TRY_ASSIGN(const MeetPoints points, MeetPoints::Load(meet));
+  return points.Standings(request);
 }
 
 }  // namespace tarvex::scoring

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,8 +23,22 @@ struct TeamScoreLine {
   std::string team_abbr;
 };
 
-// The standings from the points that the results have now, Male, Female and Combined in this order. Empty: no
-// scores.
+// The points of the whole meet, read once: several standings can be made of them.
+class MeetPoints {
+ public:
+  static Expected<MeetPoints> Load(const database::Meet& meet);
+
+  // Male, Female and Combined in this order. Empty: no scores.
+  std::vector<TeamScoreLine> Standings(const TeamScoresRequest& request) const;
+
+ private:
+  std::vector<TeamResult> results_;
+  std::vector<ScoringTeam> teams_;
+  std::map<int, std::string> abbreviations_;  // by team_no
+  bool by_event_gender_ = false;
+};
+
+// The standings from the points that the results have now.
 Expected<std::vector<TeamScoreLine>> LoadTeamScores(const database::Meet& meet,
                                                     const TeamScoresRequest& request);
 

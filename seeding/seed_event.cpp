@@ -1,5 +1,7 @@
 #include "seeding/seed_event.h"
 
+#include <algorithm>
+
 #include "seeding/messages.h"
 #include "seeding/random_draw.h"
 #include "seeding/seed_round.h"
@@ -85,7 +87,11 @@ class Run {
   Outcome Prepare(std::span<const StoredEvent> events) {
     const database::MeetSettings& settings = meet_.settings();
     if (events.empty()) return Refusal{NoEligibleEvents()};
-    if (settings.dual_evenodd) return Refusal{DualMeetsNotSeeded()};
+    if (settings.dual_evenodd) {
+      const auto& lanes = settings.dualteam_lane;
+      const bool any_team = std::any_of(lanes.begin(), lanes.end(), [](int team) { return team > 0; });
+      return Refusal{any_team ? DualMeetsNotSeeded() : NoDualTeams()};
+    }
     if (settings.random_select) return Refusal{RandomSelectNotSeeded()};
     user_.ShowStatus(StartingSeedRoutine());
     auto roster = setup::LoadRoster(meet_);

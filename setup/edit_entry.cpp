@@ -96,8 +96,14 @@ Stop CheckNewEntry(const Meet& meet, const Athlete& athlete, const Event& event,
 template <class Row>
 class EntrantEditor {
  public:
-  EntrantEditor(Meet& meet, const StoredEvent& event, RowTable<Row> table, UserInterface& user)
-      : meet_(meet), event_(event), table_(std::move(table)), marks_(meet.mark_settings()), user_(user) {}
+  EntrantEditor(Meet& meet, const StoredEvent& event, RowTable<Row> table, UserInterface& user,
+                const AfterChange& after)
+      : meet_(meet),
+        event_(event),
+        table_(std::move(table)),
+        marks_(meet.mark_settings()),
+        user_(user),
+        after_(after) {}
 
   // `stored` null: `row` is new.
   Outcome Store(const database::Stored<Row>* stored, Row row, std::vector<FieldText> fields) {
@@ -114,8 +120,12 @@ class EntrantEditor {
     const Event event = WithUnseeded(row, stored == nullptr);
     return InOneTransaction(meet_, "entry", [&](jet::Transaction& write) -> Status {
       TRY(SaveEvent(write, meet_, event_, event));
-      if (stored) return UpdateRow(write, *table_.table, table_.fields, *stored, row, more);
-      return InsertRow(write, *table_.table, table_.fields, row, more).status();
+      if (stored) {
+        TRY(UpdateRow(write, *table_.table, table_.fields, *stored, row, more));
+      } else {
+        TRY(InsertRow(write, *table_.table, table_.fields, row, more).status());
+      }
+      return After(write);
     });
   }
 
@@ -129,11 +139,14 @@ class EntrantEditor {
     }
     return InOneTransaction(meet_, "entry", [&](jet::Transaction& write) -> Status {
       TRY(clean_up(write));
-      return write.Delete(*table_.table, stored.id);
+      TRY(write.Delete(*table_.table, stored.id));
+      return After(write);
     });
   }
 
  private:
+  Status After(jet::Transaction& write) { return after_ ? after_(write, event_.row.event_ptr) : Ok(); }
+
   Stop SetMark(const std::optional<std::string>& mark, Row& row) {
     const auto rules = LoadConversions(meet_);
     if (!rules.ok()) return Outcome(rules.status());
@@ -144,7 +157,7 @@ class EntrantEditor {
     const TypedSeed seed = ReadSeed(*mark, ' ', event_.row, marks_);
     if (seed.refusal) return Outcome(Refusal{*seed.refusal});
     SetSeed(row, seed, event_.row, *rules, marks_);
-    row.OfFirstRound(event_.row) = seed.exhibition ? 'X' : ' ';
+    if (seed.exhibition) row.OfFirstRound(event_.row) = 'X';
     return seed.range_question ? AskFor(*seed.range_question, user_) : std::nullopt;
   }
 
@@ -159,6 +172,7 @@ class EntrantEditor {
   RowTable<Row> table_;
   marks::MarkSettings marks_;
   UserInterface& user_;
+  const AfterChange& after_;
 };
 
 struct KeyedEvent {
@@ -243,13 +257,13 @@ Outcome AddRelay(Meet& meet, const KeyedEvent& keyed, EntrantEditor<ImportedRela
 }  // namespace
 
 Outcome EditEntry(Meet& meet, Edit edit, std::string_view key, std::span<const FieldText> fields,
-                  UserInterface& user) {
+                  UserInterface& user, const AfterChange& after) {
   const auto keyed = EventOfKey(meet, key, false);
   if (const Outcome* stop = std::get_if<Outcome>(&keyed)) return *stop;
   const KeyedEvent& at = std::get<KeyedEvent>(keyed);
   auto table = ImportedEntries(meet);
   if (!table.ok()) return table.status();
-  EntrantEditor<ImportedEntry> editor(meet, at.event, std::move(*table), user);
+  EntrantEditor<ImportedEntry> editor(meet, at.event, std::move(*table), user, after);
   if (edit == Edit::Add) return AddEntry(meet, at, editor, {fields.begin(), fields.end()}, user);
   const auto found = LookUpEntry(meet, at.event.row, at.entrant);
   if (Stop stop = StopOf(found)) return *stop;
@@ -260,13 +274,13 @@ Outcome EditEntry(Meet& meet, Edit edit, std::string_view key, std::span<const F
 }
 
 Outcome EditRelay(Meet& meet, Edit edit, std::string_view key, std::span<const FieldText> fields,
-                  UserInterface& user) {
+                  UserInterface& user, const AfterChange& after) {
   const auto keyed = EventOfKey(meet, key, true);
   if (const Outcome* stop = std::get_if<Outcome>(&keyed)) return *stop;
   const KeyedEvent& at = std::get<KeyedEvent>(keyed);
   auto table = ImportedRelays(meet);
   if (!table.ok()) return table.status();
-  EntrantEditor<ImportedRelay> editor(meet, at.event, std::move(*table), user);
+  EntrantEditor<ImportedRelay> editor(meet, at.event, std::move(*table), user, after);
   if (edit == Edit::Add) return AddRelay(meet, at, editor, {fields.begin(), fields.end()});
   const auto found = LookUpRelay(meet, at.event.row, at.entrant);
   if (Stop stop = StopOf(found)) return *stop;

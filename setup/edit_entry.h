@@ -15,10 +15,10 @@ namespace tarvex::setup {
 // already, is refused; one below the event's age, or beyond the limits of entries where the meet only warns,
 // is asked about, and so is a mark out of range and the deletion of results.
 Outcome EditEntry(database::Meet& meet, Edit edit, std::string_view key, std::span<const FieldText> fields,
-                  UserInterface& user);
+                  UserInterface& user, const AfterChange& after = {});
 
 // The same for a relay ("6:CAN-A").
 Outcome EditRelay(database::Meet& meet, Edit edit, std::string_view key, std::span<const FieldText> fields,
-                  UserInterface& user);
+                  UserInterface& user, const AfterChange& after = {});
 
 }  // namespace tarvex::setup

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <span>
@@ -22,6 +23,9 @@ namespace tarvex::setup {
 enum class Edit { Add, Set, Delete };
 
 using database::FieldText;
+
+// What else is to be done in the transaction that changed entries of an event.
+using AfterChange = std::function<Status(jet::Transaction& write, int event_ptr)>;
 
 // Sets the member to a field's value, Null as 0, No or "". False when the value is of another type.
 template <class Row>
@@ -105,6 +109,7 @@ Expected<int> InsertRow(jet::Transaction& write, jet::Table& table, const databa
     return table.def().columns[static_cast<size_t>(value.column)].is_counter();
   });
   values.insert(values.end(), more.begin(), more.end());
+  database::FillRest(table, values);
   TRY_ASSIGN(const auto inserted, write.Insert(table, values));
   return inserted.counter;
 }

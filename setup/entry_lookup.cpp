@@ -79,7 +79,7 @@ Expected<Lookup<StoredImportedRelay>> LookUpRelay(const Meet& meet, const Event&
   TRY_ASSIGN(const auto relays, table.By("relevtptr", event.event_ptr));
   const int team_no = std::get<StoredTeam>(team).row.team_no;
   return OnlyOne(relays, key, [&](const StoredImportedRelay& relay) {
-    return relay.row.team_no == team_no && SameText(relay.row.team_ltr, parsed->team_ltr);
+    return relay.row.team_no == team_no && SameText(RelayLetter(relay.row.team_ltr), parsed->team_ltr);
   });
 }
 

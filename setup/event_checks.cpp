@@ -164,6 +164,9 @@ std::variant<EventNumber, Notice> ReadEventNumber(std::string_view typed) {
 
 std::optional<Notice> CheckNumber(const EventNumber& number, std::span<const EventNumber> other_events) {
   if (!IsBetween(number.event_no, 1, kLastNumber)) return EventNumberRange();
+  const bool is_letter =
+      number.event_ltr.size() == 1 && number.event_ltr[0] >= 'A' && number.event_ltr[0] <= 'Z';
+  if (!number.event_ltr.empty() && !is_letter) return InvalidEventNumber();
   if (std::find(other_events.begin(), other_events.end(), number) != other_events.end()) {
     return InvalidEventNumber();
   }

@@ -175,6 +175,7 @@ Expected<int> InsertEvent(jet::Transaction& write, const Meet& meet, const Event
   // The engine numbers the event itself.
   const int counter = table->Column("Event_ptr");
   std::erase_if(values, [&](const jet::FieldValue& value) { return value.column == counter; });
+  database::FillRest(*table, values);
   TRY_ASSIGN(const auto inserted, write.Insert(*table, values));
   return inserted.counter;
 }

@@ -41,6 +41,14 @@ Status Write(database::Meet& meet, const ImportedMeet& stored, ImportPlan& plan)
   return write->Commit();
 }
 
+// An import that ends without writing has added nothing.
+void TakeBack(ImportReport& report) {
+  report.counts = {};
+  for (RowFate& row : report.rows) {
+    if (row.fate != Fate::Fault) row.fate = Fate::Unchanged;
+  }
+}
+
 Outcome Import(database::Meet& meet, const ImportedMeet& stored, ImportPlan plan,
                const ImportOptions& options, UserInterface& user, ImportReport& report) {
   report.rows = plan.rows;
@@ -48,12 +56,18 @@ Outcome Import(database::Meet& meet, const ImportedMeet& stored, ImportPlan plan
   for (const ImportFault& fault : plan.faults) user.Tell(fault.notice);
   const bool none_left = plan.faults.size() == plan.rows.size() && !plan.faults.empty();
   if (!plan.faults.empty() && (!options.skip_bad || none_left)) {
-    report.counts = {};
+    TakeBack(report);
     return Refusal{NothingImported()};
   }
-  if (auto stopped = AskAll(plan, user)) return *stopped;
+  if (auto stopped = AskAll(plan, user)) {
+    TakeBack(report);
+    return *stopped;
+  }
   if (options.dry_run || !plan.has_changes) return Done{};
-  if (Status failed = Write(meet, stored, plan); !failed.ok()) return failed;
+  if (Status failed = Write(meet, stored, plan); !failed.ok()) {
+    TakeBack(report);
+    return failed;
+  }
   return Done{};
 }
 

@@ -23,7 +23,8 @@ uint64_t PairKey(int event_ptr, int number) {
 }
 
 std::string RelayKeyOf(int event_ptr, int team_no, std::string_view letter) {
-  return std::to_string(event_ptr) + ' ' + std::to_string(team_no) + ' ' + Upper(letter);
+  return std::to_string(event_ptr) + ' ' + std::to_string(team_no) + ' ' +
+         Upper(RelayLetter(std::string(letter)));
 }
 
 // The questions of one row, put with those of all others when the row turns out to be sound.

@@ -68,6 +68,11 @@ struct Relay : EntryCommon {
   int relay_compno = 0;
 };
 
+// The letter that a relay goes by: a team's first relay may have none in the file.
+inline std::string RelayLetter(const std::string& team_ltr) {
+  return team_ltr.empty() ? "A" : team_ltr;
+}
+
 // One runner of a relay.
 struct RelayName {
   int event_ptr = 0;

@@ -48,6 +48,7 @@ Expected<int> RowTable<Row>::Insert(jet::Transaction& write, const Row& row) con
     const auto* number = std::get_if<int32_t>(&value.value);
     return table->def().columns[static_cast<size_t>(value.column)].is_counter() && number && *number == 0;
   });
+  database::FillRest(*table, values);
   TRY_ASSIGN(const auto inserted, write.Insert(*table, values));
   return inserted.counter;
 }

@@ -23,7 +23,7 @@ Expected<int> FirstHeat(const jet::Table& table, jet::RowId row, const Event& ev
 
 template <class Row, class LookUp>
 Outcome ScratchRows(Meet& meet, const StoredEvent& stored_event, const Expected<RowTable<Row>>& table,
-                    std::span<const std::string> keys, bool undo, LookUp look_up) {
+                    std::span<const std::string> keys, bool undo, const AfterChange& after, LookUp look_up) {
   if (!table.ok()) return table.status();
   std::vector<database::Stored<Row>> rows;
   Event event = stored_event.row;
@@ -45,20 +45,22 @@ Outcome ScratchRows(Meet& meet, const StoredEvent& stored_event, const Expected<
       row.scr_stat = !undo;
       TRY(table->Save(write, stored, row));
     }
-    return SaveEvent(write, meet, stored_event, event);
+    TRY(SaveEvent(write, meet, stored_event, event));
+    return after ? after(write, event.event_ptr) : Ok();
   });
 }
 
 }  // namespace
 
-Outcome Scratch(Meet& meet, std::string_view event, std::span<const std::string> keys, bool undo) {
+Outcome Scratch(Meet& meet, std::string_view event, std::span<const std::string> keys, bool undo,
+                const AfterChange& after) {
   const auto found = LookUpEvent(meet, event);
   if (!found.ok()) return found.status();
   if (const Notice* wrong = std::get_if<Notice>(&*found)) return Refusal{*wrong};
   const StoredEvent& stored = std::get<StoredEvent>(*found);
   if (stored.row.ind_rel == 'R')
-    return ScratchRows(meet, stored, ImportedRelays(meet), keys, undo, LookUpRelay);
-  return ScratchRows(meet, stored, ImportedEntries(meet), keys, undo, LookUpEntry);
+    return ScratchRows(meet, stored, ImportedRelays(meet), keys, undo, after, LookUpRelay);
+  return ScratchRows(meet, stored, ImportedEntries(meet), keys, undo, after, LookUpEntry);
 }
 
 }  // namespace tarvex::setup
