@@ -40,7 +40,7 @@ TEST(DamagedFile, NeverBringsTheEngineDown) {
   const MemoryDisk::Content sound = RichFile();
   ASSERT_EQ(Exercise(sound), 0);
   int opened = 0, found = 0;
-  for (uint32_t seed = 1; seed <= 1200; ++seed) {
+  for (uint32_t seed = 1; seed <= Repetitions(1200, 150); ++seed) {
     std::mt19937 random(seed);
     MemoryDisk::Content content = sound;
     Damage(content, random);

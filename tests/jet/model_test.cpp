@@ -4,12 +4,14 @@
 
 #include <random>
 
+#include "tests/jet/support.h"
+
 namespace tarvex::jet {
 namespace {
 
 // Thousands of random changes; the smallest cache makes transactions larger than memory.
 TEST(Model, AgreesWithTheTableUnderRandomOperations) {
-  for (uint32_t seed = 1; seed <= 40; ++seed) {
+  for (uint32_t seed = 1; seed <= Repetitions(40, 6); ++seed) {
     std::mt19937 random(seed);
     std::vector<uint8_t> bytes(seed % 4 == 0 ? 200000 : 30000);
     for (uint8_t& byte : bytes) byte = static_cast<uint8_t>(random());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <cstdlib>
 
 #include <memory>
 #include <string>
@@ -11,6 +12,11 @@
 #include "tests/jet/memory_disk.h"
 
 namespace tarvex::jet {
+
+// Under sanitizers everything takes many times as long: TARVEX_QUICK asks for fewer repetitions.
+inline uint32_t Repetitions(uint32_t usual, uint32_t quick) {
+  return std::getenv("TARVEX_QUICK") ? quick : usual;
+}
 
 inline constexpr double kNow = 45000.25;
 inline const std::string kFile = "meet.mdb";
