@@ -34,7 +34,8 @@ Expected<std::unique_ptr<Database>> Database::Create(FileSystem& files, const st
   if (Status status = fill(); !status.ok()) {
     database.reset();
     (void)files.Remove(path);
-    if (const std::string journal = Journal::PathFor(path); files.Exists(journal)) (void)files.Remove(journal);
+    if (const std::string journal = Journal::PathFor(path); files.Exists(journal))
+      (void)files.Remove(journal);
     return status;
   }
   return database;
