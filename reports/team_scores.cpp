@@ -4,6 +4,7 @@
 #include "reports/messages.h"
 #include "scoring/messages.h"
 #include "scoring/points_text.h"
+#include "setup/event_store.h"
 
 namespace tarvex::reports {
 namespace {
@@ -66,7 +67,8 @@ std::vector<Part> TeamScoreParts(std::span<const scoring::TeamScoreLine> lines) 
 }
 
 Expected<Report> BuildTeamScores(const database::Meet& meet, const scoring::TeamScoresRequest& request) {
-  TRY_ASSIGN(const auto lines, scoring::LoadTeamScores(meet, request));
+  TRY_ASSIGN(const scoring::MeetPoints points, scoring::MeetPoints::Load(meet));
+  const auto lines = points.Standings(request);
   Report report =
       StartReport(lines.empty() ? scoring::TeamScores().text : TeamScoresTitle(request), meet.settings());
   report.data_keys = {"gender", "place", "team_abbr", "team_name", "points"};
@@ -74,9 +76,23 @@ Expected<Report> BuildTeamScores(const database::Meet& meet, const scoring::Team
     report.notes.push_back(scoring::NoScoresFound().text);
     return report;
   }
-  Section section;
-  section.parts = TeamScoreParts(lines);
-  report.sections.push_back(std::move(section));
+  const std::vector<int> divisions = points.Divisions();
+  if (divisions.empty()) {
+    Section section;
+    section.parts = TeamScoreParts(lines);
+    report.sections.push_back(std::move(section));
+    return report;
+  }
+  report.data_keys.insert(report.data_keys.begin(), "division");
+  for (const int division : divisions) {
+    scoring::TeamScoresRequest of_division = request;
+    of_division.division = division;
+    Section section;
+    TRY_ASSIGN(section.heading, setup::DivisionName(meet, division));
+    section.parts = TeamScoreParts(points.Standings(of_division));
+    for (Part& part : section.parts) part.context.insert(part.context.begin(), {"division", section.heading});
+    if (!section.parts.empty()) report.sections.push_back(std::move(section));
+  }
   return report;
 }
 

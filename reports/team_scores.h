@@ -19,8 +19,8 @@ scoring::Group GroupOfGender(char event_gender);
 // One part for each group that has teams, in the order Male, Female, Combined.
 std::vector<Part> TeamScoreParts(std::span<const scoring::TeamScoreLine> lines);
 
-// The standings; "No scores found" when there are none. Data files have gender (M, F, C), place, team_abbr,
-// team_name, points.
+// The standings, one set for each division in meets that have them; "No scores found" when there are none.
+// Data files have, after the division, gender (M, F, C), place, team_abbr, team_name, points.
 Expected<Report> BuildTeamScores(const database::Meet& meet, const scoring::TeamScoresRequest& request);
 
 }  // namespace tarvex::reports

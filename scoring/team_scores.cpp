@@ -1,8 +1,10 @@
 #include "scoring/team_scores.h"
 
+#include <set>
 #include <unordered_map>
 
 #include "database/rows.h"
+#include "scoring/points_table.h"
 #include "setup/event_store.h"
 #include "setup/names.h"
 #include "setup/roster_store.h"
@@ -54,6 +56,12 @@ class Loader {
   const setup::Roster& roster() const { return roster_; }
 
  private:
+  int DivisionOf(int event_div, int team_div, int entry_div) const {
+    // Points are read from the table of a division only when the meet asks for it; standings always are its
+    // own.
+    return PointsDivision({meet_.settings().Meet_meettype, true}, event_div, team_div, entry_div);
+  }
+
   Status AddResults(std::string_view name, const std::vector<Binding<PointsRow>>& bindings, bool is_relay) {
     TRY_ASSIGN(const jet::Table* table, meet_.Table(name));
     TRY_ASSIGN(const auto fields, BoundFields<PointsRow>::Of(*table, bindings));
@@ -74,6 +82,8 @@ class Loader {
       result.event_no = event->second.event_no;
       result.event_ltr = event->second.event_ltr;
       result.event_type = event->second.event_type;
+      const setup::Team* team = roster_.team(result.team_no);
+      result.division = DivisionOf(event->second.div_no, team ? team->division : 0, row.div_no);
       result.ev_score = row.ev_score;
       result.jdev_score = row.jdev_score;
       if (IsScored(result)) results_.push_back(std::move(result));
@@ -109,6 +119,7 @@ std::vector<TeamScoreLine> MeetPoints::Standings(const TeamScoresRequest& reques
     rules.thru_event_no = request.thru_event->event_no;
     rules.thru_event_ltr = request.thru_event->event_ltr;
   }
+  rules.division = request.division;
   std::vector<TeamScoreLine> lines;
   for (TeamTotal& total : TeamTotals(results_, teams_, rules)) {
     if (request.group && total.group != *request.group) continue;
@@ -116,6 +127,13 @@ std::vector<TeamScoreLine> MeetPoints::Standings(const TeamScoresRequest& reques
     lines.push_back({total, abbreviation == abbreviations_.end() ? "" : abbreviation->second});
   }
   return lines;
+}
+
+std::vector<int> MeetPoints::Divisions() const {
+  std::set<int> divisions;
+  for (const TeamResult& result : results_) divisions.insert(result.division);
+  if (divisions.size() == 1 && *divisions.begin() == 0) return {};
+  return {divisions.begin(), divisions.end()};
 }
 
 Expected<std::vector<TeamScoreLine>> LoadTeamScores(const Meet& meet, const TeamScoresRequest& request) {

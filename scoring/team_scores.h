@@ -15,6 +15,7 @@ namespace tarvex::scoring {
 struct TeamScoresRequest {
   std::optional<setup::EventNumber> thru_event;  // events up to this one, inclusive
   std::optional<Group> group;
+  std::optional<int> division;  // results of this division only; 0: those of none
 };
 
 // One line with what lists show of the team.
@@ -30,6 +31,10 @@ class MeetPoints {
 
   // Male, Female and Combined in this order. Empty: no scores.
   std::vector<TeamScoreLine> Standings(const TeamScoresRequest& request) const;
+
+  // The divisions that results belong to, by number: an event's, its team's or its own, as the meet is
+  // divided. Empty in a meet without divisions.
+  std::vector<int> Divisions() const;
 
  private:
   std::vector<TeamResult> results_;
