@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <map>
 #include <tuple>
 #include <vector>
@@ -11,10 +10,6 @@
 
 namespace tarvex::running {
 namespace {
-
-int ZeroLast(int place) {
-  return place > 0 ? place : std::numeric_limits<int>::max();
-}
 
 bool IsBetter(const Result& a, const Result& b, const PlaceRules& rules) {
   const float mark_a = ComparedMark(a.mark, rules);
@@ -60,17 +55,6 @@ void PlaceResults(std::span<Result> results, const PlaceRules& rules) {
   }
   for (auto& [heat, members] : heats) Number(members, &Result::heatplace, rules);
   for (auto& [group, members] : groups) Number(members, &Result::place, rules);
-}
-
-void SortForList(std::span<Result> results, const PlaceRules& rules) {
-  std::sort(results.begin(), results.end(), [&](const Result& a, const Result& b) {
-    const auto key = [](const Result& result) {
-      return std::make_tuple(ZeroLast(EffectivePlace(result)), ZeroLast(result.place), !HasValidMark(result));
-    };
-    if (key(a) != key(b)) return key(a) < key(b);
-    if (HasValidMark(a)) return IsBetter(a, b, rules);
-    return std::tie(a.heat, a.lane, a.id) < std::tie(b.heat, b.lane, b.id);
-  });
 }
 
 bool IsRoundComplete(std::span<const Result> results) {

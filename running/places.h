@@ -28,10 +28,6 @@ bool TakesPlace(const Result& result, const PlaceRules& rules);
 // heat, places per group. The order of the results and the judges' places stay.
 void PlaceResults(std::span<Result> results, const PlaceRules& rules);
 
-// Sorts as lists show it: by effective place, then computed place; those without a place last, the marks of
-// the placed order first among them; then heat, lane and id.
-void SortForList(std::span<Result> results, const PlaceRules& rules);
-
 // Every entry that was seeded and not scratched since has a mark or a status.
 bool IsRoundComplete(std::span<const Result> results);
 

@@ -97,18 +97,6 @@ TEST(PlaceResults, LeavesTheJudgesPlacesAlone) {
   EXPECT_EQ(EffectiveHeatPlace(results[1]), 2);
 }
 
-TEST(SortForList, FollowsTheJudgesThenTheMarks) {
-  std::vector<Result> results = Marks({13, 12, 12, 11, 0, 10.5F});
-  results[1].jdplace = 3;
-  results[4].stat = 'Q';
-  results[5].exhibition = true;
-  PlaceResults(results, {});
-  SortForList(results, {});
-  Numbers ids;
-  for (const Result& result : results) ids.push_back(result.id);
-  EXPECT_EQ(ids, (Numbers{4, 3, 2, 1, 6, 5}));
-}
-
 TEST(IsRoundComplete, WaitsForEverySeededEntry) {
   std::vector<Result> results = Marks({11, 0, 0});
   EXPECT_FALSE(IsRoundComplete(results));
